@@ -1,0 +1,40 @@
+// Commands of tavolet-cli. Each file comandi_*.cpp registers its own at start.
+#pragma once
+
+#include "libretto.h"
+#include "piattaforma_finta.h"
+
+#include <QStringList>
+#include <QTextStream>
+
+#include <functional>
+
+namespace tavolet::cli {
+
+struct Contesto {
+    Stato& stato;
+    PiattaformaFinta& piattaforma;
+    QStringList argomenti; // what follows the command words
+    QTextStream& out;
+};
+
+struct Comando {
+    QStringList parole;  // "libretto", "salva"
+    QString uso;         // "IN OUT"
+    QString descrizione; // one line for --help
+    int argomentiMinimi = 0;
+    std::function<int(Contesto&)> esegui; // exit status
+};
+
+struct Registra {
+    explicit Registra(Comando c);
+};
+
+// The environment of a start: folders, Pregeo, the tables.
+void PreparaAmbiente(Stato& stato);
+// Loads a libretto as a drop on the main form does.
+bool CaricaComeTrascinamento(Stato& stato, const QString& percorso);
+// A path given on the command line, made absolute.
+QString PercorsoArgomento(const QString& argomento);
+
+} // namespace tavolet::cli

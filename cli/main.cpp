@@ -1,0 +1,119 @@
+// tavolet-cli: the logic of Tavolet without windows, on the scripted platform.
+#include "comandi.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QDir>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace tavolet::cli {
+
+namespace {
+
+QList<Comando>& Tabella() {
+    static QList<Comando> tabella;
+    return tabella;
+}
+
+void Aiuto(QTextStream& out) {
+    out << "Uso: tavolet-cli [--radice DIR] [--oggi DDMMYYYY] [--si|--no] COMANDO ...\n\n";
+    QList<Comando> ordinati = Tabella();
+    std::sort(ordinati.begin(), ordinati.end(),
+              [](const Comando& a, const Comando& b) { return a.parole < b.parole; });
+    for (const Comando& c : ordinati)
+        out << "  " << (c.parole.join(' ') + ' ' + c.uso).leftJustified(34) << ' ' << c.descrizione
+            << '\n';
+}
+
+} // namespace
+
+Registra::Registra(Comando c) { Tabella().append(std::move(c)); }
+
+void PreparaAmbiente(Stato& stato) {
+    Inizializza(stato);
+    CalcolaCostantiAngoli(stato);
+    CaricaConfig(stato);
+    CaricaComuni(stato);
+    CaricaProvince(stato);
+}
+
+bool CaricaComeTrascinamento(Stato& stato, const QString& percorso) {
+    return TrascinaLibretto(stato, percorso);
+}
+
+QString PercorsoArgomento(const QString& argomento) {
+    if (QDir::isAbsolutePath(argomento) || argomento.contains(u'\\')) return argomento;
+    return QFileInfo(argomento).absoluteFilePath();
+}
+
+} // namespace tavolet::cli
+
+int main(int argc, char** argv) {
+    using namespace tavolet;
+    using namespace tavolet::cli;
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout);
+    out.setEncoding(QStringConverter::Utf8);
+    QTextStream err(stderr);
+    err.setEncoding(QStringConverter::Utf8);
+
+    QStringList args = app.arguments().mid(1);
+    PiattaformaFinta piattaforma;
+    piattaforma.adesso = QDateTime::currentDateTime();
+    QStringList parole;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString& a = args[i];
+        if (a == u"--help" || a == u"-h") {
+            Aiuto(out);
+            return 0;
+        } else if (a == u"--radice" && i + 1 < args.size()) {
+            qputenv("TAVOLET_RADICE", QFileInfo(args[++i]).absoluteFilePath().toLocal8Bit());
+        } else if (a == u"--oggi" && i + 1 < args.size()) {
+            const QDate d = QDate::fromString(args[++i], QStringLiteral("ddMMyyyy"));
+            if (!d.isValid()) {
+                err << "Data non valida: " << args[i] << " (DDMMYYYY)\n";
+                return 2;
+            }
+            piattaforma.adesso = QDateTime(d, QTime(12, 0, 0));
+        } else if (a == u"--si") {
+            piattaforma.rispostaFissa = Risposta::Si;
+        } else if (a == u"--no") {
+            piattaforma.rispostaFissa = Risposta::No;
+        } else {
+            parole << a;
+        }
+    }
+
+    const Comando* scelto = nullptr;
+    for (const Comando& c : Tabella()) {
+        if (parole.mid(0, c.parole.size()) == c.parole &&
+            (!scelto || c.parole.size() > scelto->parole.size()))
+            scelto = &c;
+    }
+    if (!scelto) {
+        if (!parole.isEmpty()) err << "Comando sconosciuto: " << parole.join(' ') << "\n\n";
+        Aiuto(err);
+        return 2;
+    }
+    const QStringList resto = parole.mid(scelto->parole.size());
+    if (resto.size() < scelto->argomentiMinimi) {
+        err << "Uso: tavolet-cli " << scelto->parole.join(' ') << ' ' << scelto->uso << '\n';
+        return 2;
+    }
+    piattaforma.osservatore = [&err](const Evento& e) {
+        if (e.tipo == u"messaggio" || e.tipo == u"domanda") {
+            QString testo = e.testo;
+            testo.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+            err << e.titolo << ": " << testo << '\n';
+            err.flush();
+        }
+    };
+    Stato stato(piattaforma);
+    Contesto ctx{stato, piattaforma, resto, out};
+    int esito = scelto->esegui(ctx);
+    out.flush();
+    if (esito == 0 && stato.ErroriMostrati > 0) esito = 1;
+    return esito;
+}

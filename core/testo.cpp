@@ -1,0 +1,248 @@
+#include "testo.h"
+
+#include "errore.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace tavolet {
+
+namespace {
+
+bool Cifra(QChar c) { return c >= u'0' && c <= u'9'; }
+
+// The characters 0x80..0x9F of Windows-1252; 0 where the code page leaves the byte undefined.
+const char16_t kAlti[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                            0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+int CodiceWindows1252(char16_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
+    if (c >= 0x80 && c <= 0x9F) {
+        // Undefined bytes come back as themselves.
+        return kAlti[c - 0x80] == 0 ? c : -1;
+    }
+    for (int i = 0; i < 32; ++i)
+        if (kAlti[i] == c) return 0x80 + i;
+    return -1;
+}
+
+QChar CambiaCaso(QChar c, bool maiuscolo) {
+    QChar altro = maiuscolo ? c.toUpper() : c.toLower();
+    if (altro == c) return c;
+    return CodiceWindows1252(altro.unicode()) >= 0 ? altro : c;
+}
+
+// Decimal digits of |valore| as the shortest text that reads back to the same double.
+QString CifreDecimali(double valore) {
+    char buf[64];
+    auto r = std::to_chars(buf, buf + sizeof buf, std::fabs(valore), std::chars_format::fixed);
+    return QString::fromLatin1(buf, int(r.ptr - buf));
+}
+
+} // namespace
+
+double Val(const QString& testo) {
+    const int n = testo.size();
+    int i = 0;
+    while (i < n && (testo[i] == u' ' || testo[i] == u'\t' || testo[i] == u'\n' || testo[i] == u'\r'))
+        ++i;
+    QString numero;
+    if (i < n && (testo[i] == u'+' || testo[i] == u'-')) numero += testo[i++];
+    bool cifre = false;
+    while (i < n && Cifra(testo[i])) { numero += testo[i++]; cifre = true; }
+    if (i < n && testo[i] == u'.') {
+        numero += testo[i++];
+        while (i < n && Cifra(testo[i])) { numero += testo[i++]; cifre = true; }
+    }
+    if (!cifre) return 0.0;
+    if (i < n && (testo[i] == u'E' || testo[i] == u'e' || testo[i] == u'D' || testo[i] == u'd')) {
+        int j = i + 1;
+        QString esponente = QStringLiteral("e");
+        if (j < n && (testo[j] == u'+' || testo[j] == u'-')) esponente += testo[j++];
+        bool cifreEsp = false;
+        while (j < n && Cifra(testo[j]) && esponente.size() < 8) {
+            esponente += testo[j++];
+            cifreEsp = true;
+        }
+        if (cifreEsp) numero += esponente;
+    }
+    if (numero.endsWith(u'.')) numero.chop(1);
+    if (numero == u"+" || numero == u"-") return 0.0;
+    bool ok = false;
+    double v = numero.toDouble(&ok);
+    if (!ok || !std::isfinite(v)) throw Errore(6); // overflow, as the BASIC read does
+    return v;
+}
+
+QString Formato(double valore, const QString& figura) {
+    if (!std::isfinite(valore)) throw Errore(6);
+    const int punto = figura.indexOf(u'.');
+    const QString parteIntera = punto < 0 ? figura : figura.left(punto);
+    const QString parteDecimale = punto < 0 ? QString() : figura.mid(punto + 1);
+    int decimaliMax = 0, decimaliForzati = 0, interiForzati = 0;
+    for (int i = 0; i < parteDecimale.size(); ++i) {
+        if (parteDecimale[i] == u'#' || parteDecimale[i] == u'0') ++decimaliMax;
+        if (parteDecimale[i] == u'0') decimaliForzati = decimaliMax;
+    }
+    bool forzato = false;
+    for (QChar c : parteIntera) {
+        if (c == u'0') forzato = true;
+        if (forzato && (c == u'0' || c == u'#')) ++interiForzati;
+    }
+
+    // Round half away from zero on the decimal text, not on the binary value.
+    QString cifre = CifreDecimali(valore);
+    int pp = cifre.indexOf(u'.');
+    QString intero = pp < 0 ? cifre : cifre.left(pp);
+    QString frazione = pp < 0 ? QString() : cifre.mid(pp + 1);
+    if (frazione.size() > decimaliMax) {
+        const bool suSu = frazione[decimaliMax] >= u'5';
+        frazione.truncate(decimaliMax);
+        if (suSu) {
+            QString tutto = intero + frazione;
+            int k = tutto.size() - 1;
+            while (k >= 0) {
+                if (tutto[k] == u'9') {
+                    tutto[k] = u'0';
+                    --k;
+                } else {
+                    tutto[k] = QChar(tutto[k].unicode() + 1);
+                    break;
+                }
+            }
+            if (k < 0) tutto.prepend(u'1');
+            intero = tutto.left(tutto.size() - decimaliMax);
+            frazione = tutto.right(decimaliMax);
+        }
+    }
+    while (frazione.size() > decimaliForzati && frazione.endsWith(u'0')) frazione.chop(1);
+    while (frazione.size() < decimaliForzati) frazione += u'0';
+    while (intero.size() > 1 && intero.startsWith(u'0')) intero.remove(0, 1);
+    if (intero == u"0") intero.clear();
+    while (intero.size() < interiForzati) intero.prepend(u'0');
+
+    bool nullo = true;
+    for (QChar c : intero + frazione)
+        if (c != u'0') nullo = false;
+    QString risultato;
+    if (valore < 0 && !nullo) risultato += u'-';
+    // Literal characters before the first digit placeholder are kept in place.
+    for (QChar c : parteIntera) {
+        if (c == u'#' || c == u'0') break;
+        risultato += c;
+    }
+    risultato += intero;
+    if (punto >= 0) risultato += u'.' + frazione;
+    return risultato;
+}
+
+QString Left(const QString& s, int n) {
+    if (n < 0) throw Errore(5);
+    return s.left(n);
+}
+
+QString Right(const QString& s, int n) {
+    if (n < 0) throw Errore(5);
+    return s.right(n);
+}
+
+QString Mid(const QString& s, int inizio, int lunghezza) {
+    if (inizio < 1) throw Errore(5);
+    if (inizio > s.size()) return QString();
+    if (lunghezza < 0) return s.mid(inizio - 1);
+    return s.mid(inizio - 1, lunghezza);
+}
+
+int Len(const QString& s) { return int(s.size()); }
+
+int InStr(const QString& s, const QString& cerca) { return InStr(1, s, cerca); }
+
+int InStr(int inizio, const QString& s, const QString& cerca) {
+    if (inizio < 1) throw Errore(5);
+    if (inizio > s.size()) return cerca.isEmpty() && inizio == s.size() + 1 ? inizio : 0;
+    if (cerca.isEmpty()) return inizio;
+    return int(s.indexOf(cerca, inizio - 1)) + 1;
+}
+
+int InStrRev(const QString& s, const QString& cerca) {
+    if (cerca.isEmpty()) return int(s.size());
+    return int(s.lastIndexOf(cerca)) + 1;
+}
+
+QStringList Split(const QString& s, const QString& separatore) {
+    if (separatore.isEmpty()) return {s};
+    return s.split(separatore);
+}
+
+QString Join(const QStringList& pezzi, const QString& separatore) { return pezzi.join(separatore); }
+
+QString LTrim(const QString& s) {
+    int i = 0;
+    while (i < s.size() && s[i] == u' ') ++i;
+    return s.mid(i);
+}
+
+QString RTrim(const QString& s) {
+    int n = int(s.size());
+    while (n > 0 && s[n - 1] == u' ') --n;
+    return s.left(n);
+}
+
+QString Trim(const QString& s) { return LTrim(RTrim(s)); }
+
+QString UCase(const QString& s) {
+    QString r = s;
+    for (QChar& c : r) c = CambiaCaso(c, true);
+    return r;
+}
+
+QString LCase(const QString& s) {
+    QString r = s;
+    for (QChar& c : r) c = CambiaCaso(c, false);
+    return r;
+}
+
+QString Replace(const QString& s, const QString& cerca, const QString& con) {
+    if (cerca.isEmpty()) return s;
+    QString r = s;
+    r.replace(cerca, con);
+    return r;
+}
+
+QString Space(int n) {
+    if (n < 0) throw Errore(5);
+    return QString(n, u' ');
+}
+
+QString Str(double valore) {
+    char buf[64];
+    auto r = std::to_chars(buf, buf + sizeof buf, valore);
+    return QString::fromLatin1(buf, int(r.ptr - buf));
+}
+
+QString DaWindows1252(const QByteArray& byte) {
+    QString r;
+    r.resize(byte.size());
+    QChar* d = r.data();
+    for (qsizetype i = 0; i < byte.size(); ++i) {
+        const unsigned char b = static_cast<unsigned char>(byte[i]);
+        char16_t c = b;
+        if (b >= 0x80 && b <= 0x9F && kAlti[b - 0x80] != 0) c = kAlti[b - 0x80];
+        d[i] = QChar(c);
+    }
+    return r;
+}
+
+QByteArray AWindows1252(const QString& testo) {
+    QByteArray r;
+    r.resize(testo.size());
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        const int c = CodiceWindows1252(testo[i].unicode());
+        r[i] = c < 0 ? '?' : char(c);
+    }
+    return r;
+}
+
+} // namespace tavolet

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Installs with apt-get the Debian packages that the build and the tests need, when missing.
+set -e
+pacchetti=(build-essential cmake qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev zlib1g-dev
+  libminizip-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format unzip fonts-dejavu-core)
+mancanti=()
+for p in "${pacchetti[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || mancanti+=("$p")
+done
+[ ${#mancanti[@]} -eq 0 ] && exit 0
+echo "Installo: ${mancanti[*]}"
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO="sudo"
+export DEBIAN_FRONTEND=noninteractive
+$SUDO apt-get update -qq
+$SUDO apt-get install -y -qq --no-install-recommends "${mancanti[@]}"

@@ -1,0 +1,44 @@
+// Helpers for the tests: a temporary Wine-style root and files of tests/dati.
+#pragma once
+
+#include "libretto.h"
+#include "piattaforma_finta.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace tavolet::test {
+
+// A fresh root in a temporary folder, set as TAVOLET_RADICE for the life of the object.
+class RadiceProva {
+public:
+    RadiceProva();
+    ~RadiceProva();
+    QString Percorso() const { return dir_.path(); }
+    // Writes bytes at a path in Windows form ("C:\windows\PREGEO.INI"), making the folders.
+    void Scrivi(const QString& percorsoWindows, const QByteArray& byte) const;
+    QByteArray Leggi(const QString& percorsoWindows) const;
+    // A small Pregeo tree: PREGEO.INI, Pregeo.EXE, prosigle, qualita.txt, comunt.dat.
+    void PregeoMinimo() const;
+
+private:
+    QTemporaryDir dir_;
+    QByteArray vecchia_;
+    bool cera_;
+};
+
+// Bytes of a file in tests/dati.
+QByteArray Dati(const QString& nome);
+QString PercorsoDati(const QString& nome);
+
+// CRLF-joined text of the lines, each followed by CRLF.
+QByteArray Righe(const QStringList& righe);
+
+// A comunt.dat record as Pregeo's table holds it (the 2-byte header "@B" in front).
+QByteArray RecordComune(QChar sezione, const QString& codice, const QString& sigla,
+                        const QString& nome, const QString& aggiuntivo);
+
+} // namespace tavolet::test
