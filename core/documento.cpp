@@ -34,9 +34,12 @@ QString LeggiFileIntero(Stato& stato, const QString& percorso) {
 void CaricaLibrettoMisure(Stato& stato) {
     ConTrappola(stato, QStringLiteral("CaricaLibrettoMisure"), [&] {
         Documento& d = stato.doc;
-        if (UCase(Right(d.PercorsoLibretto, 4)) == u".LXB")
-            d.PercorsoLibretto = Replace(UCase(d.PercorsoLibretto), QStringLiteral(".LXB"),
-                                         QStringLiteral(".DAT"));
+        QString testoLxb;
+        if (UCase(Right(d.PercorsoLibretto, 4)) == u".LXB") {
+            const QString lxb = UCase(d.PercorsoLibretto);
+            d.PercorsoLibretto = Replace(lxb, QStringLiteral(".LXB"), QStringLiteral(".DAT"));
+            if (EsisteFile(lxb)) testoLxb = LeggiFileIntero(stato, lxb);
+        }
         if (!EsisteFile(d.PercorsoLibretto)) return;
 
         QStringList righe = Split(LeggiFileIntero(stato, d.PercorsoLibretto), CRLF);
@@ -59,6 +62,8 @@ void CaricaLibrettoMisure(Stato& stato) {
         const QString doppio = CRLF + CRLF;
         while (testo.contains(doppio)) testo.replace(doppio, CRLF);
         d.TestoLibretto = testo;
+        if (!testoLxb.isEmpty() && stato.SostituisciRilievoDaLxb)
+            stato.SostituisciRilievoDaLxb(stato, testoLxb);
     });
 }
 

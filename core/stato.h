@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace tavolet {
 
 // The row list of the main form: its rows, which of them are selected, and the current one.
@@ -91,6 +93,9 @@ struct Stato {
     QString TagRoutine;
     int EsitoDialogo = -1;
     int ErroriMostrati = 0; // how many error reports were shown (the command line's exit code)
+    // Replaces the survey part of the document by the rows of an .LXB companion. Installed by
+    // the row regrouping (it lives above core); a load without it ignores the companion.
+    std::function<void(Stato&, const QString& testoLxb)> SostituisciRilievoDaLxb;
 };
 
 } // namespace tavolet
