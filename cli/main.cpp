@@ -1,6 +1,8 @@
 // tavolet-cli: the logic of Tavolet without windows, on the scripted platform.
 #include "comandi.h"
 
+#include "riordino.h"
+
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
@@ -37,6 +39,7 @@ void PreparaAmbiente(Stato& stato) {
     CaricaConfig(stato);
     CaricaComuni(stato);
     CaricaProvince(stato);
+    InstallaRiordino(stato);
 }
 
 bool CaricaComeTrascinamento(Stato& stato, const QString& percorso) {
