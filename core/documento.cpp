@@ -197,3 +197,15 @@ bool TrascinaLibretto(Stato& stato, const QString& percorso) {
 }
 
 } // namespace tavolet
+
+namespace tavolet {
+
+QString TitoloLibretto(const Stato& stato) {
+    const Testata& t = stato.testata;
+    return QStringLiteral("Tavolet V 5.00 - L'Evoluzione - Libretto Misure : [") + t.Protocollo +
+           u' ' + t.DataLibretto + QStringLiteral("] [CF Comune : ") + t.CodiceComuneLibretto +
+           QStringLiteral(" - ") + t.NomeComuneLibretto + QStringLiteral("] [Provincia : ") +
+           t.NomeProvinciaLibretto + u']';
+}
+
+} // namespace tavolet

@@ -33,3 +33,10 @@ namespace tavolet {
 bool TrascinaLibretto(Stato& stato, const QString& percorso);
 
 } // namespace tavolet
+
+namespace tavolet {
+
+// The title of the main form for the document shown.
+QString TitoloLibretto(const Stato& stato);
+
+} // namespace tavolet

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
 namespace tavolet::test {
 
 RadiceProva::RadiceProva() {

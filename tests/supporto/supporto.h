@@ -9,6 +9,10 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <ostream>
+
+// Readable QString in the messages of failed assertions.
+void PrintTo(const QString& s, std::ostream* os);
 
 namespace tavolet::test {
 

@@ -1,0 +1,20 @@
+// tavolet: the desktop program.
+#include "BV_LibrettoOriginale.h"
+#include "libretto.h"
+#include "piattaforma_qt.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tavolet"));
+    QApplication::setOrganizationName(QStringLiteral("Tavolet"));
+    tavolet::PiattaformaQt piattaforma;
+    tavolet::Stato stato(piattaforma);
+    tavolet::Inizializza(stato);
+    tavolet::BV_LibrettoOriginale form(stato);
+    piattaforma.ImpostaFinestra(&form);
+    if (!form.Carica(app.arguments().mid(1).join(u' '))) return 0;
+    form.show();
+    return app.exec();
+}

@@ -1,0 +1,199 @@
+#include "piattaforma_qt.h"
+
+#include "percorsi.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QProcess>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace tavolet {
+
+PiattaformaQt::PiattaformaQt() = default;
+
+namespace {
+
+QMessageBox::Icon IconaQt(Icona i) {
+    switch (i) {
+    case Icona::Informazione: return QMessageBox::Information;
+    case Icona::Avviso: return QMessageBox::Warning;
+    case Icona::Critico: return QMessageBox::Critical;
+    case Icona::Domanda: return QMessageBox::Question;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+QMessageBox::StandardButton PulsanteDi(Risposta r) {
+    switch (r) {
+    case Risposta::Si: return QMessageBox::Yes;
+    case Risposta::No: return QMessageBox::No;
+    case Risposta::Annulla: return QMessageBox::Cancel;
+    default: return QMessageBox::Ok;
+    }
+}
+
+// The names a process goes by: its command name and the last piece of its first argument
+// (a Windows program under Wine shows "C:\pregeo\exe\pregeo.exe" there).
+QStringList NomiProcesso(const QString& pid) {
+    QStringList nomi;
+    QFile comm(QStringLiteral("/proc/") + pid + QStringLiteral("/comm"));
+    if (comm.open(QIODevice::ReadOnly)) nomi << QString::fromLocal8Bit(comm.readAll()).trimmed();
+    QFile cmd(QStringLiteral("/proc/") + pid + QStringLiteral("/cmdline"));
+    if (cmd.open(QIODevice::ReadOnly)) {
+        const QByteArray primo = cmd.readAll().split('\0').value(0);
+        if (!primo.isEmpty()) nomi << NomeDelFile(QString::fromLocal8Bit(primo));
+    }
+    return nomi;
+}
+
+} // namespace
+
+void PiattaformaQt::Messaggio(const QString& testo, const QString& titolo, Icona icona) {
+    QMessageBox box(IconaQt(icona), titolo, testo, QMessageBox::Ok, finestra_);
+    if (icona == Icona::Critico) box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    box.exec();
+}
+
+Risposta PiattaformaQt::Domanda(const QString& testo, const QString& titolo, Pulsanti pulsanti,
+                                Risposta predefinita, Icona icona) {
+    QMessageBox::StandardButtons b = QMessageBox::Yes | QMessageBox::No;
+    if (pulsanti == Pulsanti::SiNoAnnulla) b |= QMessageBox::Cancel;
+    if (pulsanti == Pulsanti::OkAnnulla) b = QMessageBox::Ok | QMessageBox::Cancel;
+    QMessageBox box(IconaQt(icona), titolo, testo, b, finestra_);
+    box.setDefaultButton(PulsanteDi(predefinita));
+    switch (box.exec()) {
+    case QMessageBox::Yes: return Risposta::Si;
+    case QMessageBox::No: return Risposta::No;
+    case QMessageBox::Ok: return Risposta::Ok;
+    default: return Risposta::Annulla;
+    }
+}
+
+QString PiattaformaQt::ApriFile(const QString& titolo, const QString& cartella,
+                                const QString& filtro) {
+    return QFileDialog::getOpenFileName(finestra_, titolo, PercorsoLocale(cartella), filtro);
+}
+
+QString PiattaformaQt::SalvaFile(const QString& titolo, const QString& cartella,
+                                 const QString& nome, const QString& filtro) {
+    QString dir = PercorsoLocale(cartella);
+    if (!QFileInfo(dir).isDir()) dir = QDir::homePath();
+    return QFileDialog::getSaveFileName(finestra_, titolo, dir + u'/' + nome, filtro);
+}
+
+std::optional<Carattere> PiattaformaQt::ScegliCarattere(const Carattere& iniziale) {
+    bool ok = false;
+    const QFont f = QFontDialog::getFont(&ok, FontDa(iniziale), finestra_);
+    if (!ok) return std::nullopt;
+    return CarattereDa(f);
+}
+
+QString PiattaformaQt::Appunti() { return QApplication::clipboard()->text(); }
+
+void PiattaformaQt::ImpostaAppunti(const QString& testo) {
+    QApplication::clipboard()->setText(testo);
+}
+
+QString PiattaformaQt::Impostazione(const QString& sezione, const QString& chiave,
+                                   const QString& predefinito) {
+    QSettings s(QStringLiteral("Tavolet"), QStringLiteral("Tavolet"));
+    return s.value(sezione + u'/' + chiave, predefinito).toString();
+}
+
+void PiattaformaQt::SalvaImpostazione(const QString& sezione, const QString& chiave,
+                                      const QString& valore) {
+    QSettings s(QStringLiteral("Tavolet"), QStringLiteral("Tavolet"));
+    s.setValue(sezione + u'/' + chiave, valore);
+}
+
+int PiattaformaQt::AvviaEAttendi(const QString& programma, const QStringList& argomenti) {
+    QProcess p;
+    QString eseguibile = PercorsoLocale(programma);
+    QStringList arg = argomenti;
+#ifndef Q_OS_WIN
+    if (programma.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive)) {
+        arg.prepend(eseguibile);
+        eseguibile = QStringLiteral("wine");
+    }
+#endif
+    p.start(eseguibile, arg);
+    if (!p.waitForStarted(-1)) return -1;
+    p.waitForFinished(-1);
+    return p.exitCode();
+}
+
+int PiattaformaQt::TerminaProcessi(const QString& nome) {
+    int n = 0;
+#ifdef Q_OS_LINUX
+    const QString senzaExe = nome.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive) ? nome.chopped(4) : nome;
+    const QString io = QString::number(getpid());
+    bool ancheIo = false;
+    const QStringList pid = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& p : pid) {
+        bool numero = false;
+        p.toInt(&numero);
+        if (!numero) continue;
+        for (const QString& n2 : NomiProcesso(p)) {
+            if (n2.compare(nome, Qt::CaseInsensitive) != 0 && n2.compare(senzaExe, Qt::CaseInsensitive) != 0)
+                continue;
+            if (p == io) {
+                ancheIo = true;
+            } else if (kill(p.toInt(), SIGTERM) == 0) {
+                ++n;
+            }
+            break;
+        }
+    }
+    // Our own process goes last, when its name was asked for.
+    if (ancheIo) {
+        ++n;
+        QApplication::exit(0);
+    }
+#endif
+    return n;
+}
+
+bool PiattaformaQt::ApriConProgramma(const QString& percorso) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(PercorsoLocale(percorso)));
+}
+
+bool PiattaformaQt::AltraIstanza() {
+    if (blocco_) return false;
+    const QString percorso =
+        QStandardPaths::writableLocation(QStandardPaths::TempLocation) + QStringLiteral("/tavolet.lock");
+    blocco_ = std::make_unique<QLockFile>(percorso);
+    blocco_->setStaleLockTime(0);
+    if (blocco_->tryLock(0)) return false;
+    blocco_.reset();
+    return true;
+}
+
+QFont FontDa(const Carattere& c) {
+    QFont f(c.nome);
+    f.setPointSizeF(c.dimensione);
+    f.setBold(c.grassetto);
+    f.setItalic(c.corsivo);
+    return f;
+}
+
+Carattere CarattereDa(const QFont& f) {
+    Carattere c;
+    c.nome = f.family();
+    c.dimensione = f.pointSizeF();
+    c.grassetto = f.bold();
+    c.corsivo = f.italic();
+    return c;
+}
+
+} // namespace tavolet

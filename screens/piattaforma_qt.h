@@ -1,0 +1,47 @@
+// The real platform: Qt dialogs, the clipboard, QSettings, processes of the host.
+#pragma once
+
+#include "piattaforma.h"
+
+#include <QLockFile>
+#include <QWidget>
+
+#include <memory>
+
+namespace tavolet {
+
+class PiattaformaQt : public Piattaforma {
+public:
+    PiattaformaQt();
+    void ImpostaFinestra(QWidget* w) { finestra_ = w; }
+
+    void Messaggio(const QString& testo, const QString& titolo, Icona icona) override;
+    Risposta Domanda(const QString& testo, const QString& titolo, Pulsanti pulsanti,
+                     Risposta predefinita, Icona icona = Icona::Domanda) override;
+    QString ApriFile(const QString& titolo, const QString& cartella,
+                     const QString& filtro) override;
+    QString SalvaFile(const QString& titolo, const QString& cartella, const QString& nome,
+                      const QString& filtro) override;
+    std::optional<Carattere> ScegliCarattere(const Carattere& iniziale) override;
+    QString Appunti() override;
+    void ImpostaAppunti(const QString& testo) override;
+    QString Impostazione(const QString& sezione, const QString& chiave,
+                         const QString& predefinito = QString()) override;
+    void SalvaImpostazione(const QString& sezione, const QString& chiave,
+                           const QString& valore) override;
+    int AvviaEAttendi(const QString& programma, const QStringList& argomenti) override;
+    int TerminaProcessi(const QString& nome) override;
+    bool ApriConProgramma(const QString& percorso) override;
+    QDateTime Adesso() override { return QDateTime::currentDateTime(); }
+    bool AltraIstanza() override;
+
+private:
+    QWidget* finestra_ = nullptr;
+    std::unique_ptr<QLockFile> blocco_;
+};
+
+// Conversions between the font of the settings file and Qt's.
+QFont FontDa(const Carattere& c);
+Carattere CarattereDa(const QFont& f);
+
+} // namespace tavolet

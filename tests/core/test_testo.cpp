@@ -1,0 +1,96 @@
+#include "testo.h"
+
+#include "errore.h"
+
+#include <gtest/gtest.h>
+
+using namespace tavolet;
+
+TEST(Testo, ValLeggeDaSinistraComeIlBasic) {
+    EXPECT_EQ(Val(""), 0);
+    EXPECT_EQ(Val("6|ABC|"), 6);
+    EXPECT_EQ(Val("  6|x|"), 6);
+    EXPECT_EQ(Val("6a|x|"), 6);
+    EXPECT_EQ(Val("8|PF"), 8);
+    EXPECT_EQ(Val("ABC"), 0);
+    EXPECT_DOUBLE_EQ(Val("-12571.845|x"), -12571.845);
+    EXPECT_DOUBLE_EQ(Val("12.5.3"), 12.5);
+    EXPECT_DOUBLE_EQ(Val(".5"), 0.5);
+    EXPECT_DOUBLE_EQ(Val("+3"), 3);
+    EXPECT_EQ(Val("-"), 0);
+    EXPECT_EQ(Val("."), 0);
+    // The comma is no decimal separator.
+    EXPECT_EQ(Val("12,75"), 12);
+    EXPECT_DOUBLE_EQ(Val("1E3|"), 1000);
+    EXPECT_DOUBLE_EQ(Val("2D2"), 200);
+    EXPECT_EQ(Val("1E"), 1);
+    EXPECT_EQ(Val("7EST"), 7); // an E without digits ends the number
+    EXPECT_EQ(Val("1 2"), 1);
+    EXPECT_THROW(Val("1E999"), Errore);
+}
+
+TEST(Testo, FormatoConFigura) {
+    EXPECT_EQ(Formato(12.5, "#########0.##0"), "12.500");
+    EXPECT_EQ(Formato(0, "#########0.##0"), "0.000");
+    EXPECT_EQ(Formato(-0.0004, "###0.##0"), "0.000");
+    EXPECT_EQ(Formato(-5882.5265, "###0.##0"), "-5882.527"); // half away from zero
+    EXPECT_EQ(Formato(2.675, "0.00"), "2.68");                // decimal value, not binary
+    EXPECT_EQ(Formato(-2.5, "0"), "-3");
+    EXPECT_EQ(Formato(2.5, "0"), "3");
+    EXPECT_EQ(Formato(9.9996, "0.000"), "10.000");
+    EXPECT_EQ(Formato(1540.4, "##########0"), "1540");
+    EXPECT_EQ(Formato(7, "#####0"), "7");
+    EXPECT_EQ(Formato(7, "000"), "007");
+    EXPECT_EQ(Formato(0.5, "#.##"), ".5");
+    EXPECT_EQ(Formato(3, "0.##"), "3.");
+    EXPECT_EQ(Formato(1234567.891, "0.0"), "1234567.9");
+    EXPECT_EQ(Formato(0.1 + 0.2, "0.000000"), "0.300000");
+    EXPECT_THROW(Formato(std::numeric_limits<double>::infinity(), "0"), Errore);
+}
+
+TEST(Testo, TaglioConPosizioniDaUno) {
+    EXPECT_EQ(Left("ABCDE", 2), "AB");
+    EXPECT_EQ(Left("AB", 9), "AB");
+    EXPECT_EQ(Right("ABCDE", 2), "DE");
+    EXPECT_EQ(Right("AB", 9), "AB");
+    EXPECT_EQ(Mid("ABCDE", 2, 3), "BCD");
+    EXPECT_EQ(Mid("ABCDE", 3), "CDE");
+    EXPECT_EQ(Mid("ABCDE", 9), "");
+    EXPECT_EQ(Mid("ABCDE", 4, 9), "DE");
+    EXPECT_THROW(Mid("ABC", 0), Errore);
+    EXPECT_THROW(Left("ABC", -1), Errore);
+    EXPECT_EQ(InStr("6|<EST>x|", "<EST>"), 3);
+    EXPECT_EQ(InStr("abc", "z"), 0);
+    EXPECT_EQ(InStr("abc", ""), 1);
+    EXPECT_EQ(InStr(3, "a|b|c", "|"), 4);
+    EXPECT_EQ(InStrRev("a|b|c", "|"), 4);
+}
+
+TEST(Testo, SplitTrimCasoReplace) {
+    EXPECT_EQ(Split("", "|"), QStringList{""});
+    EXPECT_EQ(Split("7|2|", "|"), (QStringList{"7", "2", ""}));
+    EXPECT_EQ(Split("a\r\nb", "\r\n"), (QStringList{"a", "b"}));
+    EXPECT_EQ(Split("abc", ""), QStringList{"abc"});
+    EXPECT_EQ(Trim("  a b \t "), "a b \t");
+    EXPECT_EQ(LTrim("  a "), "a ");
+    EXPECT_EQ(RTrim("  a "), "  a");
+    EXPECT_EQ(UCase("però àèìòù ÿ"), "PERÒ ÀÈÌÒÙ Ÿ");
+    EXPECT_EQ(LCase("PERÒ"), "però");
+    // Letters without a partner in the code page stay as they are.
+    EXPECT_EQ(UCase("µß"), "µß");
+    EXPECT_EQ(Replace("||||", "||", "|NOTE:|"), "|NOTE:||NOTE:|");
+    EXPECT_EQ(Replace("|5%|5%|", "|5%|", "|7%|"), "|7%|5%|");
+    EXPECT_EQ(Replace("abc", "", "x"), "abc");
+}
+
+TEST(Testo, Windows1252AvantiEIndietro) {
+    QByteArray tutti;
+    for (int i = 0; i < 256; ++i) tutti.append(char(i));
+    const QString testo = DaWindows1252(tutti);
+    EXPECT_EQ(testo.size(), 256);
+    EXPECT_EQ(testo[0x80], QChar(0x20AC));
+    EXPECT_EQ(testo[0xE8], QChar(u'è'));
+    EXPECT_EQ(testo[0x81], QChar(0x81)); // undefined byte kept
+    EXPECT_EQ(AWindows1252(testo), tutti);
+    EXPECT_EQ(AWindows1252(QStringLiteral("a€ł")), QByteArray("a\x80?"));
+}
