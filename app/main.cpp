@@ -2,6 +2,7 @@
 #include "BV_LibrettoOriginale.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
+#include "riordino.h"
 
 #include <QApplication>
 
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     QApplication::setOrganizationName(QStringLiteral("Tavolet"));
     tavolet::PiattaformaQt piattaforma;
     tavolet::Stato stato(piattaforma);
+    tavolet::InstallaRiordino(stato);
     tavolet::Inizializza(stato);
     tavolet::BV_LibrettoOriginale form(stato);
     piattaforma.ImpostaFinestra(&form);

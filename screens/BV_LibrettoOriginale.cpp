@@ -132,8 +132,9 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
         LeggiSelezione();
         Righe_Indice();
     });
-    connect(righe_, &QListWidget::currentRowChanged, this, [this] {
-        if (mostrando_) return;
+    // The current row is read with the selection: the list makes its first row current when
+    // it takes the focus, and a libretto just shown has no row selected.
+    connect(righe_, &QListWidget::clicked, this, [this] {
         LeggiSelezione();
         Righe_Indice();
     });
@@ -238,6 +239,15 @@ void BV_LibrettoOriginale::Trascina(const QString& percorso) {
     if (TrascinaLibretto(stato_, percorso)) MostraDocumento();
 }
 
+bool BV_LibrettoOriginale::TrascinaDati(const QMimeData* dati) {
+    const QList<QUrl> urls = dati ? dati->urls() : QList<QUrl>();
+    if (urls.isEmpty() || !urls.first().isLocalFile()) return false;
+    // Handled after the drop returns, so that a question does not block the source program.
+    const QString percorso = urls.first().toLocalFile();
+    QTimer::singleShot(0, this, [this, percorso] { Trascina(percorso); });
+    return true;
+}
+
 bool BV_LibrettoOriginale::eventFilter(QObject* o, QEvent* e) {
     if (o == righe_->viewport() || o == righe_) {
         if (e->type() == QEvent::DragEnter || e->type() == QEvent::DragMove) {
@@ -248,13 +258,13 @@ bool BV_LibrettoOriginale::eventFilter(QObject* o, QEvent* e) {
             }
         } else if (e->type() == QEvent::Drop) {
             auto* d = static_cast<QDropEvent*>(e);
-            const QList<QUrl> urls = d->mimeData()->urls();
-            if (!urls.isEmpty() && urls.first().isLocalFile()) {
+            if (TrascinaDati(d->mimeData())) {
                 d->acceptProposedAction();
-                const QString percorso = urls.first().toLocalFile();
-                QTimer::singleShot(0, this, [this, percorso] { Trascina(percorso); });
                 return true;
             }
+        } else if (e->type() == QEvent::KeyRelease && o == righe_) {
+            LeggiSelezione();
+            Righe_Indice();
         }
     }
     return QMainWindow::eventFilter(o, e);

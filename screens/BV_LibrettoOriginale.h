@@ -12,6 +12,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QGridLayout;
 class QMenu;
+class QMimeData;
 
 namespace tavolet {
 
@@ -28,6 +29,8 @@ public:
     void MostraDocumento();
     // A file dropped on the row list (only the first file of a drop counts).
     void Trascina(const QString& percorso);
+    // The files of a drop: the first one counts. False when there is no local file.
+    bool TrascinaDati(const QMimeData* dati);
 
     QListWidget* Lista() const { return righe_; }
     QLabel* Contatore() const { return contatore_; }
