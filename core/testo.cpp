@@ -9,7 +9,9 @@ namespace tavolet {
 
 namespace {
 
-bool Cifra(QChar c) { return c >= u'0' && c <= u'9'; }
+bool Cifra(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
 
 // The characters 0x80..0x9F of Windows-1252; 0 where the code page leaves the byte undefined.
 const char16_t kAlti[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -46,15 +48,22 @@ QString CifreDecimali(double valore) {
 double Val(const QString& testo) {
     const int n = testo.size();
     int i = 0;
-    while (i < n && (testo[i] == u' ' || testo[i] == u'\t' || testo[i] == u'\n' || testo[i] == u'\r'))
+    while (i < n &&
+           (testo[i] == u' ' || testo[i] == u'\t' || testo[i] == u'\n' || testo[i] == u'\r'))
         ++i;
     QString numero;
     if (i < n && (testo[i] == u'+' || testo[i] == u'-')) numero += testo[i++];
     bool cifre = false;
-    while (i < n && Cifra(testo[i])) { numero += testo[i++]; cifre = true; }
+    while (i < n && Cifra(testo[i])) {
+        numero += testo[i++];
+        cifre = true;
+    }
     if (i < n && testo[i] == u'.') {
         numero += testo[i++];
-        while (i < n && Cifra(testo[i])) { numero += testo[i++]; cifre = true; }
+        while (i < n && Cifra(testo[i])) {
+            numero += testo[i++];
+            cifre = true;
+        }
     }
     if (!cifre) return 0.0;
     if (i < n && (testo[i] == u'E' || testo[i] == u'e' || testo[i] == u'D' || testo[i] == u'd')) {
@@ -155,9 +164,13 @@ QString Mid(const QString& s, int inizio, int lunghezza) {
     return s.mid(inizio - 1, lunghezza);
 }
 
-int Len(const QString& s) { return int(s.size()); }
+int Len(const QString& s) {
+    return int(s.size());
+}
 
-int InStr(const QString& s, const QString& cerca) { return InStr(1, s, cerca); }
+int InStr(const QString& s, const QString& cerca) {
+    return InStr(1, s, cerca);
+}
 
 int InStr(int inizio, const QString& s, const QString& cerca) {
     if (inizio < 1) throw Errore(5);
@@ -176,7 +189,9 @@ QStringList Split(const QString& s, const QString& separatore) {
     return s.split(separatore);
 }
 
-QString Join(const QStringList& pezzi, const QString& separatore) { return pezzi.join(separatore); }
+QString Join(const QStringList& pezzi, const QString& separatore) {
+    return pezzi.join(separatore);
+}
 
 QString LTrim(const QString& s) {
     int i = 0;
@@ -190,7 +205,9 @@ QString RTrim(const QString& s) {
     return s.left(n);
 }
 
-QString Trim(const QString& s) { return LTrim(RTrim(s)); }
+QString Trim(const QString& s) {
+    return LTrim(RTrim(s));
+}
 
 QString UCase(const QString& s) {
     QString r = s;
@@ -220,6 +237,15 @@ QString Str(double valore) {
     char buf[64];
     auto r = std::to_chars(buf, buf + sizeof buf, valore);
     return QString::fromLatin1(buf, int(r.ptr - buf));
+}
+
+QString CStr(double valore) {
+    if (valore == 0) return QStringLiteral("0");
+    if (!std::isfinite(valore)) throw Errore(6);
+    // to_chars, unlike printf, ignores the host's locale.
+    char buf[64];
+    auto r = std::to_chars(buf, buf + sizeof buf, valore, std::chars_format::general, 15);
+    return QString::fromLatin1(buf, int(r.ptr - buf)).toUpper();
 }
 
 QString DaWindows1252(const QByteArray& byte) {

@@ -41,6 +41,9 @@ QString LCase(const QString& s);
 QString Replace(const QString& s, const QString& cerca, const QString& con);
 QString Space(int n);
 QString Str(double valore); // shortest decimal text with a point, no leading blank
+// The runtime's conversion of a number to text: at most 15 significant digits, the exponent
+// form ("1E+15", "1E-05") outside the plain range, a point as separator, "0" for zero.
+QString CStr(double valore);
 
 // Windows-1252 conversion, one byte a character both ways. Bytes that 1252 leaves undefined
 // map to the control character of the same value; characters outside 1252 become '?'.

@@ -1,0 +1,78 @@
+// Commands on extracts (.EMP).
+#include "comandi.h"
+#include "estratto.h"
+
+namespace tavolet::cli {
+
+namespace {
+
+const Registra riscrivi({{"estratto", "riscrivi"},
+                         "IN OUT",
+                         "copia IN in OUT, lo legge e lo salva come fa Pregeo dopo una modifica",
+                         2,
+                         [](Contesto& c) {
+                             const QString in = PercorsoArgomento(c.argomenti[0]);
+                             const QString out = PercorsoArgomento(c.argomenti[1]);
+                             if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"),
+                                              [&] { CopiaFile(in, out); }))
+                                 return 1;
+                             Estratto e = EsplodiEstratto(c.stato, out);
+                             SalvaEstratto1(c.stato, e);
+                             return 0;
+                         }});
+
+const Registra pulisci({{"estratto", "pulisci"},
+                        "FILE",
+                        "toglie dall'estratto i vertici che nessuna linea usa (sul posto)",
+                        1,
+                        [](Contesto& c) {
+                            PulisciEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                            return 0;
+                        }});
+
+const Registra info({{"estratto", "info"},
+                     "IN",
+                     "stampa i dati della riga 0 e il numero di righe di ogni lista",
+                     1,
+                     [](Contesto& c) {
+                         const Estratto e =
+                             EsplodiEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                         const QList<std::pair<const char*, QString>> valori = {
+                             {"EstrattoComune", e.EstrattoComune},
+                             {"EstrattoFoglio", e.EstrattoFoglio},
+                             {"EstrattoParticelle", e.EstrattoParticelle},
+                             {"EstrattoProvincia", e.EstrattoProvincia},
+                             {"EstrattoData", e.EstrattoData},
+                             {"EstrattoMesi", QString::number(e.EstrattoMesi)},
+                             {"EstrattoEstMedio", e.EstrattoEstMedio}};
+                         for (const auto& [nome, valore] : valori)
+                             c.out << nome << '=' << valore << '\n';
+                         const QList<std::pair<const char*, const QStringList*>> liste = {
+                             {"Punti", &e.Punti},       {"PF", &e.PF},
+                             {"Toponimi", &e.Toponimi}, {"PLinee", &e.PLinee},
+                             {"SETTE", &e.SETTE},       {"Linee", &e.Linee},
+                             {"DITTA", &e.DITTA},       {"PARTICELLA", &e.PARTICELLA},
+                             {"PFCART", &e.PFCART},     {"DISTANZA", &e.DISTANZA},
+                             {"ALTRO", &e.ALTRO},       {"INQUADRAMENTO", &e.INQUADRAMENTO}};
+                         for (const auto& [nome, lista] : liste)
+                             c.out << nome << '=' << lista->size() << '\n';
+                         return 0;
+                     }});
+
+const Registra dati({{"estratto", "dati"},
+                     "IN",
+                     "stampa comune, foglio, particelle ed est medio presi per il libretto",
+                     1,
+                     [](Contesto& c) {
+                         const DatiEstratto d =
+                             CopiaIDatiDellEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                         c.out << "Comune=" << d.Comune << '\n'
+                               << "Foglio=" << d.Foglio << '\n'
+                               << "Particelle=" << d.Particelle << '\n'
+                               << "EstMedio=" << d.EstMedio << '\n';
+                         return 0;
+                     }});
+
+} // namespace
+
+} // namespace tavolet::cli

@@ -1,0 +1,201 @@
+// EsplodiEstratto: the rows of the file shared out into the lists of the form.
+#include "estratto.h"
+
+#include "errore.h"
+#include "file_testo.h"
+#include "interno.h"
+#include "stato.h"
+#include "testo.h"
+
+#include <QDate>
+
+#include <algorithm>
+
+namespace tavolet {
+
+using namespace estratti;
+
+namespace {
+
+const QString kTag = QStringLiteral("EsplodiEstratto");
+
+void InstradaSei(Estratto& e, const QString& riga) {
+    if (riga.startsWith(u"6|DIST")) {
+        // "6|DISTORSIONE|" lands here too: this test comes first.
+        e.DISTANZA.append(riga);
+    } else if (riga.startsWith(u"6|PA")) {
+        e.PARTICELLA.append(riga);
+        e.EstrattoParticelleTesto += Mid(riga, 14) + CRLF;
+    } else if (riga.startsWith(u"6|IN")) {
+        e.INQUADRAMENTO.append(riga);
+        const QStringList campi = Split(riga, kBarra);
+        for (qsizetype i = 2; i < campi.size(); ++i) e.INQUADRAMENTO.append(campi[i]);
+    } else if (riga.startsWith(u"6|DITTA|")) {
+        e.DITTA.append(riga);
+        e.EstrattoDitte += Mid(riga, 9) + CRLF;
+    } else if (riga.startsWith(u"6|PFCART|")) {
+        e.PFCART.append(riga);
+    } else if (riga.startsWith(u"6|DISTORS") || riga.startsWith(u"6|SCALAOR")) {
+        e.ALTRO.append(riga);
+    }
+}
+
+void InstradaOtto(Estratto& e, const QString& riga) {
+    const QStringList campi = Split(riga, kBarra);
+    const QString& id = Campo(campi, 1);
+    if (Left(id, 2) == u"PF")
+        e.PF.append(riga);
+    else if (Right(id, 1) == u"T")
+        e.Toponimi.append(riga);
+    else if (Right(id, 1) == u"L")
+        e.PLinee.append(riga);
+    else
+        e.Punti.append(riga);
+}
+
+// Walking backwards, continuation rows are carried to the ring row before them. SETTE comes
+// out in the reverse of the file's order, and each read and save turns it round again.
+void UnisciAnelli(Estratto& e) {
+    QStringList portati; // pieces carried, the latest row of the file first
+    for (qsizetype i = e.List1.size() - 1; i >= 0; --i) {
+        const QString& riga = e.List1[i];
+        const QStringList campi = Split(riga, kBarra);
+        if (Val(Campo(campi, 1)) <= 0) {
+            portati.append(Replace(Replace(riga, QStringLiteral("7|0|"), QString()),
+                                   QStringLiteral("NC|"), QString()));
+            continue;
+        }
+        const qsizetype n = campi.size() - 1;
+        QString unita;
+        for (qsizetype k = 0; k <= n - 5; ++k) unita += campi[k] + kBarra;
+        for (qsizetype k = portati.size() - 1; k >= 0; --k) unita += portati[k];
+        for (qsizetype k = n - 4; k <= n - 1; ++k) unita += Campo(campi, k) + kBarra;
+        portati.clear();
+        e.SETTE.append(unita);
+        e.EstrattoSette += unita + CRLF;
+    }
+}
+
+void DividiSette(Estratto& e) {
+    for (const QString& riga : Split(e.EstrattoSette, CRLF)) {
+        if (riga.isEmpty()) continue;
+        if (riga.contains(u'+') || riga.contains(u'-'))
+            e.EstrattoSetteIsole += riga + CRLF;
+        else
+            e.EstrattoSetteSemplici += riga + CRLF;
+    }
+    e.List1.clear();
+}
+
+// A row whose third character is "0" goes on the row before it, from its fifth character.
+void UnisciLinee(Estratto& e) {
+    QStringList unite;
+    QStringList portati;
+    for (qsizetype i = e.Linee.size() - 1; i >= 0; --i) {
+        const QString& riga = e.Linee[i];
+        if (Mid(riga, 3, 1) == u"0") {
+            if (i == 0) throw Errore(9); // no row before it
+            portati.append(Mid(riga, 5));
+            continue;
+        }
+        QString unita = riga;
+        for (qsizetype k = portati.size() - 1; k >= 0; --k) unita += portati[k];
+        portati.clear();
+        unite.append(unita);
+    }
+    std::reverse(unite.begin(), unite.end());
+    e.Linee = unite;
+}
+
+int Mesi(const QString& ddmmyyyy, const QDate& oggi) {
+    const QString anno = Mid(ddmmyyyy, 5, 4), mese = Mid(ddmmyyyy, 3, 2),
+                  giorno = Left(ddmmyyyy, 2);
+    auto numero = [](const QString& s, int cifre) {
+        bool ok = s.size() == cifre;
+        for (QChar c : s) ok = ok && c.isDigit() && c.unicode() < 128;
+        if (!ok) throw Errore(13); // not a date
+        return s.toInt();
+    };
+    const QDate data(numero(anno, 4), numero(mese, 2), numero(giorno, 2));
+    if (!data.isValid()) throw Errore(13);
+    return (oggi.year() - data.year()) * 12 + oggi.month() - data.month();
+}
+
+void Testa(Stato& stato, Estratto& e) {
+    e.EstrattoPercorso = e.Percorso;
+    e.EstrattoRigaZero = Voce(e.ZERO, 0);
+    const QStringList campi = Split(e.EstrattoRigaZero, kBarra);
+    e.EstrattoComune = Campo(campi, 3);
+    e.EstrattoFoglio = Campo(campi, 4);
+    e.EstrattoParticelle = Campo(campi, 5);
+    e.EstrattoProvincia = Campo(campi, 6);
+    QString data = Campo(campi, 1);
+    // A self-made extract counts its age from this date, so it always reads as expired.
+    if (data == u"AUTOALLESTITO") data = QStringLiteral("01122009");
+    e.EstrattoData = data;
+    e.EstrattoMesi = Mesi(data, stato.piattaforma->Adesso().date());
+}
+
+void EstMedio(Estratto& e) {
+    const QString primo = Campo(Split(Voce(e.Punti, 0), kBarra), 3);
+    double minimo = Val(primo), massimo = minimo;
+    for (const QString& riga : e.Punti) {
+        const double est = Val(Campo(Split(riga, kBarra), 3));
+        minimo = std::min(minimo, est);
+        massimo = std::max(massimo, est);
+    }
+    e.EstrattoEstMedio = Formato((minimo + massimo) / 2, QStringLiteral("###########0"));
+}
+
+void Leggi(Stato& stato, Estratto& e, const QStringList& righe) {
+    if (!righe.isEmpty()) e.ZERO.append(righe[0]);
+    for (qsizetype i = 1; i < righe.size(); ++i) {
+        const QString& riga = righe[i];
+        const double tipo = Val(riga);
+        if (tipo == 8) {
+            InstradaOtto(e, riga);
+        } else if (tipo == 7) {
+            // The test for a free line is a plain one on the whole row, label included.
+            if (riga.contains(u"L|"))
+                e.Linee.append(riga);
+            else
+                e.List1.append(riga);
+        } else if (tipo == 6) {
+            InstradaSei(e, riga);
+        }
+    }
+    UnisciAnelli(e);
+    DividiSette(e);
+    UnisciLinee(e);
+    Testa(stato, e);
+    EstMedio(e);
+    stato.TagRoutine = QStringLiteral("EsplodiEstratto1");
+}
+
+} // namespace
+
+QString PercorsoEstratto(const Stato& stato, const QString& nome) {
+    if (nome.contains(u'\\') || nome.contains(u'/')) return nome;
+    return stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\estratti\\") + nome;
+}
+
+Estratto EsplodiTestoEstratto(Stato& stato, const QString& testo, const QString& percorso) {
+    Estratto e;
+    e.Percorso = percorso;
+    ConTrappola(stato, kTag, [&] { Leggi(stato, e, RigheDiTesto(testo)); });
+    return e;
+}
+
+Estratto EsplodiEstratto(Stato& stato, const QString& nome) {
+    Estratto e;
+    ConTrappola(stato, kTag, [&] {
+        e.Percorso = PercorsoEstratto(stato, nome);
+        if (e.Percorso.endsWith(u'\\')) return; // nothing was selected
+        QStringList righe;
+        if (EsisteFile(e.Percorso)) righe = RigheDiTesto(LeggiTesto(e.Percorso));
+        Leggi(stato, e, righe);
+    });
+    return e;
+}
+
+} // namespace tavolet

@@ -1,0 +1,38 @@
+// Helpers shared by the files of the extract: checked field access with the runtime's error.
+#pragma once
+
+#include "errore.h"
+#include "estratto.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace tavolet::estratti {
+
+inline const QString kBarra = QStringLiteral("|");
+
+// A field of a split row; an index outside the row is a subscript out of range (error 9).
+inline const QString& Campo(const QStringList& campi, qsizetype i) {
+    if (i < 0 || i >= campi.size()) throw Errore(9);
+    return campi[i];
+}
+inline QString& CampoRif(QStringList& campi, qsizetype i) {
+    if (i < 0 || i >= campi.size()) throw Errore(9);
+    return campi[i];
+}
+// An item of a list as the form's list boxes give it: empty outside the list.
+inline QString Voce(const QStringList& lista, qsizetype i) {
+    return i >= 0 && i < lista.size() ? lista[i] : QString();
+}
+
+// For each id, the index of the first row of Punti that begins with "8|<id>|".
+QHash<QString, int> IndicePunti(const QStringList& punti);
+
+// The area routine with a ready index; throws Errore(9) past the vertex tables.
+void AreaRigaSette(Estratto& e, const QString& riga, const QHash<QString, int>& indice);
+
+// The writer's body: throws, moves TagRoutine along.
+QString Componi(Stato& stato, Estratto& e);
+
+} // namespace tavolet::estratti
