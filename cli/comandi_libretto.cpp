@@ -29,7 +29,8 @@ const Registra righe({{"libretto", "righe"},
                       1,
                       [](Contesto& c) {
                           if (Carica(c) != 0) return 1;
-                          for (const QString& r : c.stato.doc.RigheLibretto.Righe()) c.out << r << '\n';
+                          for (const QString& r : c.stato.doc.RigheLibretto.Righe())
+                              c.out << r << '\n';
                           return 0;
                       }});
 

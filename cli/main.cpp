@@ -31,7 +31,9 @@ void Aiuto(QTextStream& out) {
 
 } // namespace
 
-Registra::Registra(Comando c) { Tabella().append(std::move(c)); }
+Registra::Registra(Comando c) {
+    Tabella().append(std::move(c));
+}
 
 void PreparaAmbiente(Stato& stato) {
     Inizializza(stato);

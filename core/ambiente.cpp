@@ -27,7 +27,8 @@ void Inizializza(Stato& stato) {
         a.CartellaLavoro = a.CartellaDocumenti + QStringLiteral("\\Tavolet");
         a.CartellaLavoroBarra = a.CartellaLavoro + u'\\';
         CreaCartella(a.CartellaTemp);
-        ScriviTesto(a.CartellaTemp + QStringLiteral("\\CARTELLADOCUMENTI.TXT"), a.CartellaLavoro + CRLF);
+        ScriviTesto(a.CartellaTemp + QStringLiteral("\\CARTELLADOCUMENTI.TXT"),
+                    a.CartellaLavoro + CRLF);
     });
 }
 
@@ -46,8 +47,10 @@ void LeggiTecnicoIni(Stato& stato) {
         const QString chiave = UCase(Trim(Split(riga, QStringLiteral("="))[0]));
         const QString valore = Trim(Mid(riga, InStr(riga, QStringLiteral("=")) + 1));
         if (!riga.contains(u'=')) continue;
-        if (chiave == u"COGNOME") cognome = valore;
-        else if (chiave == u"NOME") nome = valore;
+        if (chiave == u"COGNOME")
+            cognome = valore;
+        else if (chiave == u"NOME")
+            nome = valore;
     }
     if (cognome.isEmpty() && nome.isEmpty()) return;
     stato.testata.Cognome = UCase(cognome);
@@ -56,7 +59,8 @@ void LeggiTecnicoIni(Stato& stato) {
 }
 
 void CaricaQualita(Stato& stato) {
-    const QString percorso = stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\exe\\qualita.txt");
+    const QString percorso =
+        stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\exe\\qualita.txt");
     if (!EsisteFile(percorso)) return;
     QStringList righe = LeggiRighe(percorso);
     if (!righe.isEmpty()) righe.removeFirst();
@@ -89,15 +93,18 @@ void CaricaConfig(Stato& stato) {
         LeggiTecnicoIni(stato);
         for (int i = 1; i < a.RigheIni.size(); ++i) {
             const QString& riga = a.RigheIni[i];
-            if (riga.startsWith(QStringLiteral("DskAPPLexe"))) a.UnitaPregeoExe = UCase(Right(riga, 2));
-            if (riga.startsWith(QStringLiteral("DskAPPLada"))) a.UnitaPregeoDati = UCase(Right(riga, 2));
+            if (riga.startsWith(QStringLiteral("DskAPPLexe")))
+                a.UnitaPregeoExe = UCase(Right(riga, 2));
+            if (riga.startsWith(QStringLiteral("DskAPPLada")))
+                a.UnitaPregeoDati = UCase(Right(riga, 2));
         }
         if (!EsisteFile(a.UnitaPregeoExe + QStringLiteral("\\pregeo\\exe\\Pregeo.EXE"))) {
-            stato.piattaforma->Messaggio(QStringLiteral("Informazione gratuita:") + CRLF + CRLF +
-                                             QStringLiteral("Pregeo non è installato correttamente nel PC.") +
-                                             CRLF + QStringLiteral("    Trovato PREGEO.INI") + CRLF +
-                                             QStringLiteral("NON trovato Pregeo.EXE"),
-                                         QStringLiteral("Pregeo Assente"), Icona::Avviso);
+            stato.piattaforma->Messaggio(
+                QStringLiteral("Informazione gratuita:") + CRLF + CRLF +
+                    QStringLiteral("Pregeo non è installato correttamente nel PC.") + CRLF +
+                    QStringLiteral("    Trovato PREGEO.INI") + CRLF +
+                    QStringLiteral("NON trovato Pregeo.EXE"),
+                QStringLiteral("Pregeo Assente"), Icona::Avviso);
             return;
         }
         a.VersionePregeo = kVersionePregeo;
@@ -114,7 +121,8 @@ void CaricaComuni(Stato& stato) {
     }
     stato.amb.ComuniCaricati = true;
     ConTrappola(stato, QStringLiteral("CaricaComuni"), [&] {
-        const QString percorso = stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\arch\\comunt.dat");
+        const QString percorso =
+            stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\arch\\comunt.dat");
         if (!EsisteFile(percorso)) {
             stato.piattaforma->Messaggio(percorso + CRLF + QStringLiteral("Non Trovato!"),
                                          QStringLiteral("Tavolet"), Icona::Avviso);
@@ -140,7 +148,8 @@ void CaricaProvince(Stato& stato) {
     if (stato.amb.ProvinceCaricate) return;
     stato.amb.ProvinceCaricate = true;
     ConTrappola(stato, QStringLiteral("CaricaProvince"), [&] {
-        const QString percorso = stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\exe\\prosigle");
+        const QString percorso =
+            stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\exe\\prosigle");
         if (!EsisteFile(percorso)) return;
         QList<Provincia> tabella;
         for (const QString& riga : LeggiRighe(percorso)) {
@@ -168,15 +177,27 @@ void NuovaCartella(Stato& stato, const QString& percorso) {
 void CreaAlberoCartelle(Stato& stato) {
     const Ambiente& a = stato.amb;
     const QString dati = a.UnitaPregeoDati, exe = a.UnitaPregeoExe, doc = a.CartellaDocumenti;
-    const QStringList cartelle = {
-        dati + "\\FIDUCIAL", dati + "\\fiducial\\DITTA", dati + "\\fiducial\\VISURE",
-        dati + "\\fiducial\\DATI", dati + "\\fiducial\\COMUNI", exe + "\\fiducial\\Unarvo",
-        dati + "\\fiducial\\PARTICELLE", dati + "\\fiducial\\MODULISTICA", exe + "\\PREGEO",
-        exe + "\\PREGEO\\ESTRATTI", exe + "\\pregeo\\arch\\BackupDB", doc + "\\Tavolet",
-        doc + "\\Tavolet\\TEMP", doc + "\\Tavolet\\GUIDA", doc + "\\Tavolet\\TECNICI",
-        doc + "\\Tavolet\\Backup_Libretti", doc + "\\Tavolet\\Storico_Libretti",
-        doc + "\\Tavolet\\MODELLI_STAMPA", doc + "\\Tavolet\\RISORSE", doc + "\\Bravanta",
-        doc + "\\Bravanta\\TEMP"};
+    const QStringList cartelle = {dati + "\\FIDUCIAL",
+                                  dati + "\\fiducial\\DITTA",
+                                  dati + "\\fiducial\\VISURE",
+                                  dati + "\\fiducial\\DATI",
+                                  dati + "\\fiducial\\COMUNI",
+                                  exe + "\\fiducial\\Unarvo",
+                                  dati + "\\fiducial\\PARTICELLE",
+                                  dati + "\\fiducial\\MODULISTICA",
+                                  exe + "\\PREGEO",
+                                  exe + "\\PREGEO\\ESTRATTI",
+                                  exe + "\\pregeo\\arch\\BackupDB",
+                                  doc + "\\Tavolet",
+                                  doc + "\\Tavolet\\TEMP",
+                                  doc + "\\Tavolet\\GUIDA",
+                                  doc + "\\Tavolet\\TECNICI",
+                                  doc + "\\Tavolet\\Backup_Libretti",
+                                  doc + "\\Tavolet\\Storico_Libretti",
+                                  doc + "\\Tavolet\\MODELLI_STAMPA",
+                                  doc + "\\Tavolet\\RISORSE",
+                                  doc + "\\Bravanta",
+                                  doc + "\\Bravanta\\TEMP"};
     for (const QString& c : cartelle) NuovaCartella(stato, c);
 }
 
@@ -213,10 +234,12 @@ std::optional<Carattere> LeggiConfiguraCarattere(Stato& stato) {
 
 void ScriviConfiguraCarattere(Stato& stato, const Carattere& c) {
     ConTrappola(stato, QStringLiteral("SelezionaCarattere"), [&] {
-        const QString riga = Str(c.dimensione) + QStringLiteral(",\"") + c.nome + QStringLiteral("\",") +
-                             (c.grassetto ? QStringLiteral("True") : QStringLiteral("False")) + u',' +
-                             (c.corsivo ? QStringLiteral("True") : QStringLiteral("False"));
-        ScriviTesto(stato.amb.CartellaLavoro + QStringLiteral("\\CONFIGURACARATTERE.INI"), riga + CRLF);
+        const QString riga = Str(c.dimensione) + QStringLiteral(",\"") + c.nome +
+                             QStringLiteral("\",") +
+                             (c.grassetto ? QStringLiteral("True") : QStringLiteral("False")) +
+                             u',' + (c.corsivo ? QStringLiteral("True") : QStringLiteral("False"));
+        ScriviTesto(stato.amb.CartellaLavoro + QStringLiteral("\\CONFIGURACARATTERE.INI"),
+                    riga + CRLF);
     });
 }
 
@@ -232,7 +255,8 @@ void KillPregeo(Stato& stato) {
 
 void CaricaPossessori(Stato& stato) {
     ConTrappola(stato, QStringLiteral("CaricaPossessori"), [&] {
-        const QString percorso = stato.amb.UnitaPregeoDati + QStringLiteral("\\FIDUCIAL\\VISURE\\") +
+        const QString percorso = stato.amb.UnitaPregeoDati +
+                                 QStringLiteral("\\FIDUCIAL\\VISURE\\") +
                                  stato.testata.NomeArchivio + QStringLiteral(".VIS");
         if (!EsisteFile(percorso)) return;
         QStringList righe = LeggiRighe(percorso);
@@ -250,7 +274,8 @@ bool ComandoTag(Stato& stato, const QString& rigaComando) {
         if (comando.contains(u'|')) {
             // path|COMMAND|argument: the libretto of field 0 is loaded.
             comando = Split(comando + QStringLiteral("|||||"), QStringLiteral("|"))[0];
-            if (comando.isEmpty()) comando = stato.amb.CartellaLavoro + QStringLiteral("\\Nuovo.DAT");
+            if (comando.isEmpty())
+                comando = stato.amb.CartellaLavoro + QStringLiteral("\\Nuovo.DAT");
         }
         stato.doc.PercorsoLibretto = comando;
         CaricaLibrettoMisure(stato);
@@ -259,12 +284,14 @@ bool ComandoTag(Stato& stato, const QString& rigaComando) {
     return aperto;
 }
 
-QString TitoloIniziale() { return QStringLiteral("Tavolet V. 2026 - ") + kRevisione; }
+QString TitoloIniziale() {
+    return QStringLiteral("Tavolet V. 2026 - ") + kRevisione;
+}
 
 bool AvvioProgramma(Stato& stato, const QString& rigaComando) {
     if (stato.piattaforma->AltraIstanza()) {
-        stato.piattaforma->Messaggio(QStringLiteral("Modulo già attivo!"), QStringLiteral("Tavolet"),
-                                     Icona::Avviso);
+        stato.piattaforma->Messaggio(QStringLiteral("Modulo già attivo!"),
+                                     QStringLiteral("Tavolet"), Icona::Avviso);
         stato.piattaforma->TerminaProcessi(QStringLiteral("tavolet.exe"));
         return false;
     }

@@ -121,9 +121,8 @@ QString TestoFileLibretto(const Stato& stato) {
 }
 
 void ScriviLibrettoMisure(Stato& stato) {
-    ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"), [&] {
-        ScriviTesto(stato.doc.PercorsoLibretto, TestoFileLibretto(stato));
-    });
+    ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"),
+                [&] { ScriviTesto(stato.doc.PercorsoLibretto, TestoFileLibretto(stato)); });
 }
 
 void SalvaLibrettoMisure(Stato& stato) {
@@ -135,10 +134,9 @@ void SalvaLibrettoMisure(Stato& stato) {
 
 void EsportaLibrettoInFile(Stato& stato) {
     ConTrappola(stato, QStringLiteral("EsportaLibrettoInFile"), [&] {
-        const QString nome =
-            stato.piattaforma->SalvaFile(QStringLiteral("Esporta Libretto"), QStringLiteral("c:\\"),
-                                         QStringLiteral("zzz.dat"),
-                                         QStringLiteral("Libretti (*.dat *.txt);;Tutti i file (*.*)"));
+        const QString nome = stato.piattaforma->SalvaFile(
+            QStringLiteral("Esporta Libretto"), QStringLiteral("c:\\"), QStringLiteral("zzz.dat"),
+            QStringLiteral("Libretti (*.dat *.txt);;Tutti i file (*.*)"));
         if (nome.isEmpty()) return;
         ScriviTesto(nome, RiduciCrLf(stato.doc.TestoLibretto, 2));
     });
@@ -153,10 +151,10 @@ void SalvaArch2Db(Stato& stato) {
     ConTrappola(stato, QStringLiteral("salvarch2.db"), [&] {
         const QString base = Split(NomeDelFile(stato.doc.PercorsoLibretto), QStringLiteral("."))[0];
         const QDateTime ora = stato.piattaforma->Adesso();
-        const QString destinazione = stato.amb.UnitaPregeoExe +
-                                     QStringLiteral("\\pregeo\\arch\\BackupDB\\") + base + u'_' +
-                                     ora.toString(QStringLiteral("yyyy-MM-dd")) + u'_' +
-                                     ora.toString(QStringLiteral("HH-mm-ss")) + QStringLiteral(".db");
+        const QString destinazione =
+            stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\arch\\BackupDB\\") + base + u'_' +
+            ora.toString(QStringLiteral("yyyy-MM-dd")) + u'_' +
+            ora.toString(QStringLiteral("HH-mm-ss")) + QStringLiteral(".db");
         CopiaFile(stato.amb.PercorsoArch2, destinazione);
     });
 }

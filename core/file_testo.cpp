@@ -31,7 +31,9 @@ QByteArray LeggiByte(const QString& percorso) {
     return f.readAll();
 }
 
-QString LeggiTesto(const QString& percorso) { return DaWindows1252(LeggiByte(percorso)); }
+QString LeggiTesto(const QString& percorso) {
+    return DaWindows1252(LeggiByte(percorso));
+}
 
 QStringList RigheDiTesto(const QString& testo) {
     QStringList righe;
@@ -49,7 +51,9 @@ QStringList RigheDiTesto(const QString& testo) {
     return righe;
 }
 
-QStringList LeggiRighe(const QString& percorso) { return RigheDiTesto(LeggiTesto(percorso)); }
+QStringList LeggiRighe(const QString& percorso) {
+    return RigheDiTesto(LeggiTesto(percorso));
+}
 
 void ScriviByte(const QString& percorso, const QByteArray& byte) {
     const QString locale = PercorsoLocale(percorso);
@@ -67,7 +71,9 @@ void ScriviTesto(const QString& percorso, const QString& testo) {
     ScriviByte(percorso, AWindows1252(testo));
 }
 
-void CopiaFile(const QString& da, const QString& a) { ScriviByte(a, LeggiByte(da)); }
+void CopiaFile(const QString& da, const QString& a) {
+    ScriviByte(a, LeggiByte(da));
+}
 
 void EliminaFile(const QString& percorso) {
     const QString locale = PercorsoLocale(percorso);

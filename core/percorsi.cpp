@@ -66,8 +66,9 @@ QString PercorsoWindows(const QString& locale) {
 #else
     const QString radice = Radice();
     const QString pulito = QDir::cleanPath(QFileInfo(locale).absoluteFilePath());
-    static const QRegularExpression unita(QStringLiteral("^/(?:drive_([a-z])|dosdevices/([a-z]):)(/.*)?$"),
-                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression unita(
+        QStringLiteral("^/(?:drive_([a-z])|dosdevices/([a-z]):)(/.*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
     if (!pulito.startsWith(radice + u'/')) return locale;
     const auto m = unita.match(pulito.mid(radice.size()));
     if (!m.hasMatch()) return locale;
@@ -94,10 +95,12 @@ CartelleSpeciali CartelleDiSistema() {
     c.documenti = QDir::toNativeSeparators(QDir::homePath() + QStringLiteral("/Documents"));
     c.temp = qEnvironmentVariable("temp", QDir::toNativeSeparators(QDir::tempPath()));
     c.sistema = qEnvironmentVariable("SystemRoot", QStringLiteral("C:\\windows"));
-    c.programFiles = qEnvironmentVariable("ProgramFiles(x86)", QStringLiteral("C:\\Program Files (x86)"));
+    c.programFiles =
+        qEnvironmentVariable("ProgramFiles(x86)", QStringLiteral("C:\\Program Files (x86)"));
     c.programma = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
     c.desktop = QDir::toNativeSeparators(QDir::homePath() + QStringLiteral("/Desktop"));
-    c.menuAvvio = qEnvironmentVariable("APPDATA") + QStringLiteral("\\Microsoft\\Windows\\Start Menu\\Programs");
+    c.menuAvvio = qEnvironmentVariable("APPDATA") +
+                  QStringLiteral("\\Microsoft\\Windows\\Start Menu\\Programs");
     c.applicazioni = c.menuAvvio;
 #else
     QString utente = qEnvironmentVariable("USER");
@@ -109,7 +112,8 @@ CartelleSpeciali CartelleDiSistema() {
     c.programFiles = QStringLiteral("C:\\Program Files (x86)");
     c.programma = c.programFiles + QStringLiteral("\\Tavolet");
     c.desktop = casa + QStringLiteral("\\Desktop");
-    c.menuAvvio = casa + QStringLiteral("\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs");
+    c.menuAvvio =
+        casa + QStringLiteral("\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs");
     c.applicazioni = c.menuAvvio;
 #endif
     return c;

@@ -33,8 +33,8 @@ public:
     // Empty when the operator cancels.
     virtual QString ApriFile(const QString& titolo, const QString& cartella,
                              const QString& filtro) = 0;
-    virtual QString SalvaFile(const QString& titolo, const QString& cartella,
-                              const QString& nome, const QString& filtro) = 0;
+    virtual QString SalvaFile(const QString& titolo, const QString& cartella, const QString& nome,
+                              const QString& filtro) = 0;
     virtual std::optional<Carattere> ScegliCarattere(const Carattere& iniziale) = 0;
     virtual QString Appunti() = 0;
     virtual void ImpostaAppunti(const QString& testo) = 0;

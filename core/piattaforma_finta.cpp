@@ -32,8 +32,7 @@ Risposta PiattaformaFinta::Domanda(const QString& testo, const QString& titolo, 
     return risposte.isEmpty() ? predefinita : risposte.takeFirst();
 }
 
-QString PiattaformaFinta::ApriFile(const QString& titolo, const QString& cartella,
-                                   const QString&) {
+QString PiattaformaFinta::ApriFile(const QString& titolo, const QString& cartella, const QString&) {
     Registra({QStringLiteral("apri"), titolo, cartella});
     return fileDaAprire.isEmpty() ? QString() : fileDaAprire.takeFirst();
 }

@@ -11,7 +11,8 @@
 namespace tavolet {
 
 struct Evento {
-    QString tipo; // "messaggio", "domanda", "apri", "salva", "carattere", "avvia", "termina", "apriconprogramma"
+    QString tipo; // "messaggio", "domanda", "apri", "salva", "carattere", "avvia", "termina",
+                  // "apriconprogramma"
     QString titolo;
     QString testo;
     Icona icona = Icona::Nessuna;
@@ -28,8 +29,8 @@ public:
     QString appunti;
     QMap<QString, QString> impostazioni; // "sezione/chiave" -> valore
     QDateTime adesso = QDateTime(QDate(2026, 1, 15), QTime(10, 30, 0));
-    QStringList processiAttivi;        // names that TerminaProcessi can end
-    QList<int> codiciUscita;           // exit codes of the programs started, in order
+    QStringList processiAttivi; // names that TerminaProcessi can end
+    QList<int> codiciUscita;    // exit codes of the programs started, in order
     bool altraIstanza = false;
     std::optional<Risposta> rispostaFissa; // answers every question (--si, --no)
     QList<Evento> eventi;

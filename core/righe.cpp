@@ -64,7 +64,8 @@ void PulisciRigaNote(QString& riga) {
 }
 
 void PulisciRigaMarche(QString& riga) {
-    static const char* const marche[] = {"<P!>", "<PD>", "<PV>", "<00>", "<EL>", "<8P>", "<8=>", "<8Q>"};
+    static const char* const marche[] = {"<P!>", "<PD>", "<PV>", "<00>",
+                                         "<EL>", "<8P>", "<8=>", "<8Q>"};
     for (const char* m : marche) riga.remove(QLatin1String(m));
     riga = Trim(riga);
 }

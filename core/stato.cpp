@@ -16,8 +16,10 @@ void ListaRighe::Inserisci(int i, const QString& riga) {
 void ListaRighe::Rimuovi(int i) {
     righe_.removeAt(i);
     selezione_.removeAt(i);
-    if (corrente_ == i) corrente_ = -1;
-    else if (corrente_ > i) --corrente_;
+    if (corrente_ == i)
+        corrente_ = -1;
+    else if (corrente_ > i)
+        --corrente_;
 }
 
 void ListaRighe::Svuota() {
@@ -26,9 +28,13 @@ void ListaRighe::Svuota() {
     corrente_ = -1;
 }
 
-void ListaRighe::Seleziona(int i, bool si) { selezione_[i] = si; }
+void ListaRighe::Seleziona(int i, bool si) {
+    selezione_[i] = si;
+}
 
-void ListaRighe::DeselezionaTutte() { selezione_.fill(false); }
+void ListaRighe::DeselezionaTutte() {
+    selezione_.fill(false);
+}
 
 QList<int> ListaRighe::Selezionate() const {
     QList<int> r;

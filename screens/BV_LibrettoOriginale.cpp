@@ -165,8 +165,10 @@ QPushButton* BV_LibrettoOriginale::Pulsante(const QString& caption) const {
 
 bool BV_LibrettoOriginale::Carica(const QString& rigaComando) {
     setWindowTitle(TitoloIniziale());
-    const QString x = stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMx"), kNomeForm);
-    const QString y = stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMy"), kNomeForm);
+    const QString x =
+        stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMx"), kNomeForm);
+    const QString y =
+        stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMy"), kNomeForm);
     const QString w = stato_.piattaforma->Impostazione(QStringLiteral("FORMx"), kNomeForm);
     const QString h = stato_.piattaforma->Impostazione(QStringLiteral("FORMy"), kNomeForm);
     if (!w.isEmpty() && !h.isEmpty() && w.toInt() > 200 && h.toInt() > 200)

@@ -26,20 +26,29 @@ namespace {
 
 QMessageBox::Icon IconaQt(Icona i) {
     switch (i) {
-    case Icona::Informazione: return QMessageBox::Information;
-    case Icona::Avviso: return QMessageBox::Warning;
-    case Icona::Critico: return QMessageBox::Critical;
-    case Icona::Domanda: return QMessageBox::Question;
-    default: return QMessageBox::NoIcon;
+    case Icona::Informazione:
+        return QMessageBox::Information;
+    case Icona::Avviso:
+        return QMessageBox::Warning;
+    case Icona::Critico:
+        return QMessageBox::Critical;
+    case Icona::Domanda:
+        return QMessageBox::Question;
+    default:
+        return QMessageBox::NoIcon;
     }
 }
 
 QMessageBox::StandardButton PulsanteDi(Risposta r) {
     switch (r) {
-    case Risposta::Si: return QMessageBox::Yes;
-    case Risposta::No: return QMessageBox::No;
-    case Risposta::Annulla: return QMessageBox::Cancel;
-    default: return QMessageBox::Ok;
+    case Risposta::Si:
+        return QMessageBox::Yes;
+    case Risposta::No:
+        return QMessageBox::No;
+    case Risposta::Annulla:
+        return QMessageBox::Cancel;
+    default:
+        return QMessageBox::Ok;
     }
 }
 
@@ -73,10 +82,14 @@ Risposta PiattaformaQt::Domanda(const QString& testo, const QString& titolo, Pul
     QMessageBox box(IconaQt(icona), titolo, testo, b, finestra_);
     box.setDefaultButton(PulsanteDi(predefinita));
     switch (box.exec()) {
-    case QMessageBox::Yes: return Risposta::Si;
-    case QMessageBox::No: return Risposta::No;
-    case QMessageBox::Ok: return Risposta::Ok;
-    default: return Risposta::Annulla;
+    case QMessageBox::Yes:
+        return Risposta::Si;
+    case QMessageBox::No:
+        return Risposta::No;
+    case QMessageBox::Ok:
+        return Risposta::Ok;
+    default:
+        return Risposta::Annulla;
     }
 }
 
@@ -99,14 +112,16 @@ std::optional<Carattere> PiattaformaQt::ScegliCarattere(const Carattere& inizial
     return CarattereDa(f);
 }
 
-QString PiattaformaQt::Appunti() { return QApplication::clipboard()->text(); }
+QString PiattaformaQt::Appunti() {
+    return QApplication::clipboard()->text();
+}
 
 void PiattaformaQt::ImpostaAppunti(const QString& testo) {
     QApplication::clipboard()->setText(testo);
 }
 
 QString PiattaformaQt::Impostazione(const QString& sezione, const QString& chiave,
-                                   const QString& predefinito) {
+                                    const QString& predefinito) {
     QSettings s(QStringLiteral("Tavolet"), QStringLiteral("Tavolet"));
     return s.value(sezione + u'/' + chiave, predefinito).toString();
 }
@@ -136,16 +151,19 @@ int PiattaformaQt::AvviaEAttendi(const QString& programma, const QStringList& ar
 int PiattaformaQt::TerminaProcessi(const QString& nome) {
     int n = 0;
 #ifdef Q_OS_LINUX
-    const QString senzaExe = nome.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive) ? nome.chopped(4) : nome;
+    const QString senzaExe =
+        nome.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive) ? nome.chopped(4) : nome;
     const QString io = QString::number(getpid());
     bool ancheIo = false;
-    const QStringList pid = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QStringList pid =
+        QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& p : pid) {
         bool numero = false;
         p.toInt(&numero);
         if (!numero) continue;
         for (const QString& n2 : NomiProcesso(p)) {
-            if (n2.compare(nome, Qt::CaseInsensitive) != 0 && n2.compare(senzaExe, Qt::CaseInsensitive) != 0)
+            if (n2.compare(nome, Qt::CaseInsensitive) != 0 &&
+                n2.compare(senzaExe, Qt::CaseInsensitive) != 0)
                 continue;
             if (p == io) {
                 ancheIo = true;
@@ -170,8 +188,8 @@ bool PiattaformaQt::ApriConProgramma(const QString& percorso) {
 
 bool PiattaformaQt::AltraIstanza() {
     if (blocco_) return false;
-    const QString percorso =
-        QStandardPaths::writableLocation(QStandardPaths::TempLocation) + QStringLiteral("/tavolet.lock");
+    const QString percorso = QStandardPaths::writableLocation(QStandardPaths::TempLocation) +
+                             QStringLiteral("/tavolet.lock");
     blocco_ = std::make_unique<QLockFile>(percorso);
     blocco_->setStaleLockTime(0);
     if (blocco_->tryLock(0)) return false;

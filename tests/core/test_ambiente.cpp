@@ -47,17 +47,19 @@ TEST_F(AmbienteProva, PregeoIniDiUnaRigaOConLaChiaveNellaPrima) {
     CaricaConfig(s);
     EXPECT_EQ(s.amb.UnitaPregeoExe, "C:");
     EXPECT_EQ(s.amb.UnitaPregeoDati, "E:");
-    EXPECT_EQ(p.Messaggi(), QStringList{"Pregeo Assente: Informazione gratuita:\r\n\r\nPregeo non è "
-                                        "installato correttamente nel PC.\r\n    Trovato "
-                                        "PREGEO.INI\r\nNON trovato Pregeo.EXE"});
+    EXPECT_EQ(p.Messaggi(),
+              QStringList{"Pregeo Assente: Informazione gratuita:\r\n\r\nPregeo non è "
+                          "installato correttamente nel PC.\r\n    Trovato "
+                          "PREGEO.INI\r\nNON trovato Pregeo.EXE"});
 }
 
 TEST_F(AmbienteProva, PregeoSuUnAltraUnitaETabellaQualita) {
-    radice.Scrivi("C:\\windows\\PREGEO.INI", Righe({"[x]", "DskAPPLexe=d:", "DskAPPLada=E:",
-                                                   "Cognome = Rossi", "Nome=Mario"}));
+    radice.Scrivi(
+        "C:\\windows\\PREGEO.INI",
+        Righe({"[x]", "DskAPPLexe=d:", "DskAPPLada=E:", "Cognome = Rossi", "Nome=Mario"}));
     radice.Scrivi("D:\\PREGEO\\EXE\\PREGEO.EXE", "MZ");
-    radice.Scrivi("D:\\pregeo\\exe\\qualita.txt",
-                  Righe({"intestazione", "SEMINATIVO   001", "PRATO IRRIG  004", "ENTE URBANO  282"}));
+    radice.Scrivi("D:\\pregeo\\exe\\qualita.txt", Righe({"intestazione", "SEMINATIVO   001",
+                                                         "PRATO IRRIG  004", "ENTE URBANO  282"}));
     CaricaConfig(s);
     EXPECT_EQ(s.amb.UnitaPregeoExe, "D:");
     EXPECT_EQ(s.amb.UnitaPregeoDati, "E:");
@@ -74,11 +76,13 @@ TEST_F(AmbienteProva, PregeoSuUnAltraUnitaETabellaQualita) {
 TEST_F(AmbienteProva, QualitaOltre501VociERroreDellaRoutine) {
     radice.PregeoMinimo();
     QStringList righe{"intestazione"};
-    for (int i = 0; i < 600; ++i) righe << QString("QUALITA %1   %2").arg(i, 4).arg(i, 3, 10, QChar('0'));
+    for (int i = 0; i < 600; ++i)
+        righe << QString("QUALITA %1   %2").arg(i, 4).arg(i, 3, 10, QChar('0'));
     radice.Scrivi("C:\\pregeo\\exe\\qualita.txt", Righe(righe));
     CaricaConfig(s);
     ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_TRUE(p.Messaggi()[0].startsWith("Rilevato errore: Si è verificato questo errore : 9\r\n"));
+    EXPECT_TRUE(
+        p.Messaggi()[0].startsWith("Rilevato errore: Si è verificato questo errore : 9\r\n"));
     EXPECT_TRUE(p.Messaggi()[0].endsWith("Nella Routine CaricaConfig_qualita"));
 }
 
@@ -143,7 +147,8 @@ TEST_F(AmbienteProva, AlberoDelleCartelleEVersione) {
                  !QFileInfo(radice.Percorso() + "/drive_c/fiducial").exists());
     ASSERT_EQ(p.Messaggi().size(), 1);
     EXPECT_TRUE(p.Messaggi()[0].contains(": 75\r\n"));
-    EXPECT_TRUE(p.Messaggi()[0].contains("\r\no il file potrebbe essere di sola lettura!\r\nNella Routine NuovaCartella"));
+    EXPECT_TRUE(p.Messaggi()[0].contains(
+        "\r\no il file potrebbe essere di sola lettura!\r\nNella Routine NuovaCartella"));
 
     ScriviVersioneTavolino(s);
     EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\VersioneTavolino.TXT"), "Ver 6.00 0.1\r\n");
@@ -155,8 +160,9 @@ TEST_F(AmbienteProva, MostraErroreTestiEsatti) {
     EXPECT_TRUE(p.Messaggi().isEmpty());
     EXPECT_EQ(s.TagRoutine, "");
     MostraErrore(s, 53, "Impossibile trovare il file", "Decozero_136");
-    EXPECT_EQ(p.Messaggi().last(), "Rilevato errore: Si è verificato questo errore : 53\r\nImpossibile "
-                                   "trovare il file\r\nNella Routine Decozero_136");
+    EXPECT_EQ(p.Messaggi().last(),
+              "Rilevato errore: Si è verificato questo errore : 53\r\nImpossibile "
+              "trovare il file\r\nNella Routine Decozero_136");
     EXPECT_EQ(p.eventi.last().icona, Icona::Critico);
     // The trap reports the tag that stands when the failure comes, and the program goes on.
     const bool ok = ConTrappola(s, "Lunga", [&] {
@@ -164,8 +170,9 @@ TEST_F(AmbienteProva, MostraErroreTestiEsatti) {
         throw Errore(13);
     });
     EXPECT_FALSE(ok);
-    EXPECT_EQ(p.Messaggi().last(), "Rilevato errore: Si è verificato questo errore : 13\r\nTipo non "
-                                   "corrispondente\r\nNella Routine Lunga_02");
+    EXPECT_EQ(p.Messaggi().last(),
+              "Rilevato errore: Si è verificato questo errore : 13\r\nTipo non "
+              "corrispondente\r\nNella Routine Lunga_02");
     EXPECT_EQ(s.ErroriMostrati, 2);
 }
 
@@ -177,7 +184,8 @@ TEST_F(AmbienteProva, CarattereDellaListaAvantiEIndietro) {
     EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\CONFIGURACARATTERE.INI"),
               "11,\"Lucida Console\",True,False\r\n");
     EXPECT_EQ(LeggiConfiguraCarattere(s), c);
-    radice.Scrivi(s.amb.CartellaLavoro + "\\CONFIGURACARATTERE.INI", "12,\"Arial\",#FALSE#,#TRUE#\r\n");
+    radice.Scrivi(s.amb.CartellaLavoro + "\\CONFIGURACARATTERE.INI",
+                  "12,\"Arial\",#FALSE#,#TRUE#\r\n");
     EXPECT_EQ(LeggiConfiguraCarattere(s), (Carattere{"Arial", 12, false, true}));
     radice.Scrivi(s.amb.CartellaLavoro + "\\CONFIGURACARATTERE.INI", "garbage");
     EXPECT_FALSE(LeggiConfiguraCarattere(s).has_value());
@@ -195,10 +203,12 @@ TEST_F(AmbienteProva, AvvioConUnaSecondaIstanzaETerminazioneDiPregeo) {
     radice.PregeoMinimo();
     Inizializza(s2);
     p2.processiAttivi = {"PREGEO.EXE", "elab.exe", "notepad.exe"};
-    radice.Scrivi("C:\\Libretti\\L.DAT", "0|01012024|77|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n");
+    radice.Scrivi("C:\\Libretti\\L.DAT",
+                  "0|01012024|77|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n");
     EXPECT_TRUE(AvvioProgramma(s2, "\"C:\\Libretti\\l.dat\""));
-    EXPECT_EQ(p2.Messaggi(), (QStringList{"Kill Pregeo: Il programma pregeo.exe è stato terminato!",
-                                          "Kill Pregeo: Il programma elab.exe è stato terminato!"}));
+    EXPECT_EQ(p2.Messaggi(),
+              (QStringList{"Kill Pregeo: Il programma pregeo.exe è stato terminato!",
+                           "Kill Pregeo: Il programma elab.exe è stato terminato!"}));
     EXPECT_EQ(p2.processiAttivi, QStringList{"notepad.exe"});
     EXPECT_EQ(s2.doc.PercorsoLibretto, "C:\\LIBRETTI\\L.DAT");
     EXPECT_EQ(s2.testata.Protocollo, "77");
@@ -219,11 +229,13 @@ TEST_F(AmbienteProva, AvvioSenzaRigaDiComandoEPossessori) {
 
 TEST_F(AmbienteProva, ChiusuraSalvaIlDocumento) {
     radice.PregeoMinimo();
-    radice.Scrivi("C:\\Libretti\\C.DAT", "0|01012024|5|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n8|1|||\r\n");
+    radice.Scrivi("C:\\Libretti\\C.DAT",
+                  "0|01012024|5|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n8|1|||\r\n");
     AvvioProgramma(s, "C:\\Libretti\\C.DAT");
     s.doc.TestoPossessori = "rossi";
     ChiusuraProgramma(s);
-    EXPECT_EQ(radice.Leggi("C:\\Libretti\\C.DAT"),
-              "0|01012024|5|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n8|1|NOTE:||\r\n6|<EST>|\r\n6|<COD>|\r\n"
-              "6|<ISC>|\r\n6|<DIT>ROSSI|\r\n\r\n");
+    EXPECT_EQ(
+        radice.Leggi("C:\\Libretti\\C.DAT"),
+        "0|01012024|5|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n8|1|NOTE:||\r\n6|<EST>|\r\n6|<COD>|\r\n"
+        "6|<ISC>|\r\n6|<DIT>ROSSI|\r\n\r\n");
 }

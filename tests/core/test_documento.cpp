@@ -38,7 +38,8 @@ TEST_F(DocumentoProva, CaricaESalvaConITagInFondo) {
     // No tag row and no blank row reaches the list; the last line without line end is kept
     // because the file is read line by line.
     for (const QString& r : prima) {
-        EXPECT_FALSE(r.contains("<EST>") || r.contains("<DIT>") || r.contains("<COD>")) << r.toStdString();
+        EXPECT_FALSE(r.contains("<EST>") || r.contains("<DIT>") || r.contains("<COD>"))
+            << r.toStdString();
         EXPECT_GT(r.size(), 2);
     }
     EXPECT_EQ(prima.last(), "8|2|-12.5|33.25|");
@@ -57,8 +58,9 @@ TEST_F(DocumentoProva, CaricaESalvaConITagInFondo) {
 }
 
 TEST_F(DocumentoProva, TagVuotiScrittiComunqueEDitteSoloPerRigheVere) {
-    s.doc.TestoLibretto = "0|15032024|245|G693|0012|145|BIANCHI LUCA|GEOMETRA|PADOVA|\r\n"
-                          "9|8|10|20|1540|10.00-G,STDA 2.08|18|STAZIONE TOTALE|\r\n1|100|1.550|\r\n";
+    s.doc.TestoLibretto =
+        "0|15032024|245|G693|0012|145|BIANCHI LUCA|GEOMETRA|PADOVA|\r\n"
+        "9|8|10|20|1540|10.00-G,STDA 2.08|18|STAZIONE TOTALE|\r\n1|100|1.550|\r\n";
     s.doc.TestoPossessori = "  \r\n\r\n";
     s.doc.PercorsoLibretto = "C:\\Libretti\\VUOTE.DAT";
     CreaCartella("C:\\Libretti");
@@ -72,8 +74,9 @@ TEST_F(DocumentoProva, DoppiAdiacentiENoteAlSalvataggio) {
     CaricaLibrettoInList1(s);
     AggiornaLibrettoMisure(s);
     // Only neighbours are doubles; rows 0 keep their empty fields.
-    EXPECT_EQ(s.doc.TestoLibretto, "0|01012024|1|G224|0001|1|A B|GEOMETRA|PADOVA|\r\n9|1|10|20|1|v|18|x|\r\n"
-                                   "6|A|\r\n6|B|\r\n6|A|\r\n8|1|NOTE:||\r\n0|x||y|\r\n");
+    EXPECT_EQ(s.doc.TestoLibretto,
+              "0|01012024|1|G224|0001|1|A B|GEOMETRA|PADOVA|\r\n9|1|10|20|1|v|18|x|\r\n"
+              "6|A|\r\n6|B|\r\n6|A|\r\n8|1|NOTE:||\r\n0|x||y|\r\n");
 }
 
 TEST_F(DocumentoProva, RighePiccoleERighe0e9Mancanti) {
@@ -83,7 +86,8 @@ TEST_F(DocumentoProva, RighePiccoleERighe0e9Mancanti) {
     s.doc.Riga9.clear();
     CaricaLibrettoInList1(s);
     ASSERT_EQ(s.doc.RigheLibretto.Conta(), 2);
-    EXPECT_EQ(s.doc.RigheLibretto.Riga(0), "0|15012026|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|");
+    EXPECT_EQ(s.doc.RigheLibretto.Riga(0),
+              "0|15012026|1|G693|0010|1|COGNOME NOME|GEOMETRA|PADOVA|");
     EXPECT_EQ(s.doc.RigheLibretto.Riga(1), kRiga9Predefinita);
 
     // A document without its head gets rows 0 and 9 in front; short rows are dropped.
@@ -97,7 +101,8 @@ TEST_F(DocumentoProva, RighePiccoleERighe0e9Mancanti) {
 }
 
 TEST_F(DocumentoProva, IncollaSenzaACapoFinalePerdeLUltimaRiga) {
-    p.appunti = "0|01012024|1|G224|0001|1|A B|GEOMETRA|PADOVA|\r\n9|1|10|20|1|v|18|x|\r\n1|1|\r\n2|5|";
+    p.appunti =
+        "0|01012024|1|G224|0001|1|A B|GEOMETRA|PADOVA|\r\n9|1|10|20|1|v|18|x|\r\n1|1|\r\n2|5|";
     IncollaDaAppunti(s);
     EXPECT_EQ(s.doc.RigheLibretto.Righe().last(), "1|1|");
     p.appunti += "\r\n";
@@ -108,7 +113,8 @@ TEST_F(DocumentoProva, IncollaSenzaACapoFinalePerdeLUltimaRiga) {
 }
 
 TEST_F(DocumentoProva, LxbSenzaFileVieneAppertoComeDat) {
-    radice.Scrivi("C:\\Libretti\\X.DAT", "0|01012024|7|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n");
+    radice.Scrivi("C:\\Libretti\\X.DAT",
+                  "0|01012024|7|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n");
     s.doc.PercorsoLibretto = "C:\\Libretti\\x.lxb";
     CaricaLibrettoMisure(s);
     EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\X.DAT");
@@ -143,8 +149,9 @@ TEST_F(DocumentoProva, ScritturaFallitaVaNelRapportoDiErrore) {
     s.doc.PercorsoLibretto = "C:\\cartella che non esiste\\x.dat";
     ScriviLibrettoMisure(s);
     ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_EQ(p.Messaggi()[0], "Rilevato errore: Si è verificato questo errore : 76\r\n"
-                               "Impossibile trovare il percorso\r\nNella Routine SalvaLibrettoMisure");
+    EXPECT_EQ(p.Messaggi()[0],
+              "Rilevato errore: Si è verificato questo errore : 76\r\n"
+              "Impossibile trovare il percorso\r\nNella Routine SalvaLibrettoMisure");
     EXPECT_FALSE(EsisteFile(s.doc.PercorsoLibretto));
 }
 
@@ -174,6 +181,7 @@ TEST_F(DocumentoProva, TrascinamentoSecondoLEstensione) {
     EXPECT_FALSE(TrascinaLibretto(s, "/tmp/x.doc"));
     EXPECT_EQ(p.Domande(), (QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?",
                                         "Trascina Libretto: Sostituire il Libretto Esistente?"}));
-    EXPECT_EQ(p.Messaggi(), (QStringList{"Trascina Libretto: Processo non attivo!",
-                                         "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
+    EXPECT_EQ(p.Messaggi(),
+              (QStringList{"Trascina Libretto: Processo non attivo!",
+                           "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
 }

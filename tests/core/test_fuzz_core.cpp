@@ -13,9 +13,10 @@ using namespace tavolet::test;
 namespace {
 
 QString RigaCasuale(QRandomGenerator& g) {
-    static const QStringList pezzi = {"0", "9", "1", "2", "6", "7", "8", "|", "|", "|", "||",
-                                      "<P!>", "<EST>", "<DIT>", "6|<COD>", ">", ",", ".", "-",
-                                      "1E400", "PF", "RC", " ", "\t", "è", "A", "12345678"};
+    static const QStringList pezzi = {"0",       "9", "1",  "2",  "6",    "7",       "8",
+                                      "|",       "|", "|",  "||", "<P!>", "<EST>",   "<DIT>",
+                                      "6|<COD>", ">", ",",  ".",  "-",    "1E400",   "PF",
+                                      "RC",      " ", "\t", "è",  "A",    "12345678"};
     QString r;
     const int n = g.bounded(0, 40);
     for (int i = 0; i < n; ++i) r += pezzi[g.bounded(int(pezzi.size()))];
@@ -74,11 +75,13 @@ TEST(FuzzCore, TabelleDiPregeoGuastate) {
     QRandomGenerator g(7);
     for (int giro = 0; giro < 60; ++giro) {
         QByteArray guasto = buono.left(g.bounded(buono.size()));
-        for (int k = 0; k < 30 && !guasto.isEmpty(); ++k) guasto[g.bounded(guasto.size())] = char(g.bounded(256));
+        for (int k = 0; k < 30 && !guasto.isEmpty(); ++k)
+            guasto[g.bounded(guasto.size())] = char(g.bounded(256));
         radice.Scrivi("C:\\pregeo\\arch\\comunt.dat", guasto);
         radice.Scrivi("C:\\pregeo\\exe\\prosigle", guasto.left(g.bounded(3000)));
         radice.Scrivi("C:\\pregeo\\exe\\qualita.txt", guasto.left(g.bounded(4000)));
-        radice.Scrivi("C:\\windows\\PREGEO.INI", guasto.left(g.bounded(400)) + "\r\nDskAPPLexe=C:\r\n");
+        radice.Scrivi("C:\\windows\\PREGEO.INI",
+                      guasto.left(g.bounded(400)) + "\r\nDskAPPLexe=C:\r\n");
         PiattaformaFinta p;
         Stato s(p);
         Inizializza(s);

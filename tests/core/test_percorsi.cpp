@@ -52,7 +52,10 @@ TEST(Percorsi, RadiceDaVariabili) {
     EXPECT_EQ(Radice(), QDir::homePath() + "/.wine");
     qputenv("TAVOLET_RADICE", "/r/");
     EXPECT_EQ(Radice(), "/r");
-    if (t.isEmpty()) qunsetenv("TAVOLET_RADICE"); else qputenv("TAVOLET_RADICE", t);
+    if (t.isEmpty())
+        qunsetenv("TAVOLET_RADICE");
+    else
+        qputenv("TAVOLET_RADICE", t);
     if (!w.isEmpty()) qputenv("WINEPREFIX", w);
 }
 

@@ -111,7 +111,8 @@ TEST_F(Testa, TestoCortoPrendeLeRigheDiDefault) {
 TEST_F(Testa, AggiornaConfigurazioneDivideIlTecnico) {
     s.testata.Nome.clear();
     s.testata.Cognome.clear();
-    s.doc.TestoLibretto = "0|01012024|1|L736|0001|5|VERDI ANNA MARIA|GEOMETRA|PADOVA|\r\n9|1|10|20|5|v|18|X|\r\n";
+    s.doc.TestoLibretto =
+        "0|01012024|1|L736|0001|5|VERDI ANNA MARIA|GEOMETRA|PADOVA|\r\n9|1|10|20|5|v|18|X|\r\n";
     const SigleConfigurazione sigle = AggiornaConfigurazionePregeo(s);
     EXPECT_EQ(s.testata.Cognome, "VERDI");
     EXPECT_EQ(s.testata.Nome, "ANNA");

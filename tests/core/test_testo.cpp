@@ -34,7 +34,7 @@ TEST(Testo, FormatoConFigura) {
     EXPECT_EQ(Formato(0, "#########0.##0"), "0.000");
     EXPECT_EQ(Formato(-0.0004, "###0.##0"), "0.000");
     EXPECT_EQ(Formato(-5882.5265, "###0.##0"), "-5882.527"); // half away from zero
-    EXPECT_EQ(Formato(2.675, "0.00"), "2.68");                // decimal value, not binary
+    EXPECT_EQ(Formato(2.675, "0.00"), "2.68");               // decimal value, not binary
     EXPECT_EQ(Formato(-2.5, "0"), "-3");
     EXPECT_EQ(Formato(2.5, "0"), "3");
     EXPECT_EQ(Formato(9.9996, "0.000"), "10.000");

@@ -105,7 +105,8 @@ TEST_F(FormPrincipale, SalvaEChiusuraScrivonoIlFile) {
     form->findChild<QPlainTextEdit*>("TestoPossessori")->setPlainText("bianchi luca");
     form->close();
     const QByteArray dopo = radice.Leggi("C:\\Libretti\\ESEMPIO.DAT");
-    EXPECT_TRUE(dopo.endsWith("6|<ISC>1234|\r\n6|<DIT>BIANCHI LUCA|\r\n\r\n")) << dopo.right(80).toStdString();
+    EXPECT_TRUE(dopo.endsWith("6|<ISC>1234|\r\n6|<DIT>BIANCHI LUCA|\r\n\r\n"))
+        << dopo.right(80).toStdString();
     EXPECT_EQ(p.Impostazione("FORMx", "BV_LibrettoOriginale"), QString::number(form->width()));
 }
 
@@ -113,21 +114,25 @@ TEST_F(FormPrincipale, TrascinareFileSullaLista) {
     ASSERT_TRUE(form->Carica(""));
     EXPECT_EQ(form->Lista()->count(), 2);
     EXPECT_EQ(form->Contatore()->text(), "0 / 2");
-    radice.Scrivi("C:\\Altro\\B.TXT", "0|01012025|9|L736B|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n2|3|\r\n");
+    radice.Scrivi("C:\\Altro\\B.TXT",
+                  "0|01012025|9|L736B|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n2|3|\r\n");
 
     // A real drop event on the list: only the first file counts.
     QMimeData dati;
-    dati.setUrls({QUrl::fromLocalFile(PercorsoLocale("C:\\Altro\\B.TXT")), QUrl::fromLocalFile("/x.doc")});
+    dati.setUrls(
+        {QUrl::fromLocalFile(PercorsoLocale("C:\\Altro\\B.TXT")), QUrl::fromLocalFile("/x.doc")});
     EXPECT_TRUE(form->TrascinaDati(&dati));
     QTest::qWait(10);
     EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
     EXPECT_EQ(form->Lista()->count(), 4);
     EXPECT_EQ(form->Contatore()->text(), "0 / 4");
-    EXPECT_TRUE(form->windowTitle().contains("[CF Comune : L736B - VENEZIA MURANO] [Provincia : VENEZIA]"));
+    EXPECT_TRUE(
+        form->windowTitle().contains("[CF Comune : L736B - VENEZIA MURANO] [Provincia : VENEZIA]"));
 
     form->Trascina("/tmp/disegno.DXF");
     form->Trascina("/tmp/foto.jpg");
-    EXPECT_EQ(p.Messaggi(), (QStringList{"Trascina Libretto: Processo non attivo!",
-                                         "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
+    EXPECT_EQ(p.Messaggi(),
+              (QStringList{"Trascina Libretto: Processo non attivo!",
+                           "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
     EXPECT_EQ(form->Lista()->count(), 4);
 }

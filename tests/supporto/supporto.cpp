@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
-void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace tavolet::test {
 
@@ -17,8 +19,10 @@ RadiceProva::RadiceProva() {
 }
 
 RadiceProva::~RadiceProva() {
-    if (cera_) qputenv("TAVOLET_RADICE", vecchia_);
-    else qunsetenv("TAVOLET_RADICE");
+    if (cera_)
+        qputenv("TAVOLET_RADICE", vecchia_);
+    else
+        qunsetenv("TAVOLET_RADICE");
 }
 
 void RadiceProva::Scrivi(const QString& percorsoWindows, const QByteArray& byte) const {
@@ -36,8 +40,8 @@ QByteArray RadiceProva::Leggi(const QString& percorsoWindows) const {
 }
 
 void RadiceProva::PregeoMinimo() const {
-    Scrivi("C:\\windows\\PREGEO.INI", Righe({"[Pregeo]", "DskAPPLexe=C:", "DskAPPLada=C:",
-                                             "Cognome=Rossi", "Nome=Mario"}));
+    Scrivi("C:\\windows\\PREGEO.INI",
+           Righe({"[Pregeo]", "DskAPPLexe=C:", "DskAPPLada=C:", "Cognome=Rossi", "Nome=Mario"}));
     Scrivi("C:\\pregeo\\exe\\Pregeo.EXE", "MZ");
     Scrivi("C:\\pregeo\\exe\\prosigle", Righe({"PD,PADOVA", "VE,VENEZIA"}));
     Scrivi("C:\\pregeo\\exe\\qualita.txt",

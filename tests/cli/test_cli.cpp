@@ -1,0 +1,114 @@
+// tavolet-cli as a script would use it: output on stdout, messages on stderr, exit status.
+#include "supporto.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Esito {
+    int codice = -1;
+    QString out, err;
+};
+
+struct Cli : ::testing::Test {
+    QTemporaryDir radice;
+    void SetUp() override {
+        const QString sorgente = TAVOLET_DEMO;
+        QDirIterator it(sorgente, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString f = it.next();
+            const QString d = radice.path() + f.mid(sorgente.size());
+            QDir().mkpath(QFileInfo(d).path());
+            QFile::copy(f, d);
+        }
+    }
+    Esito Esegui(QStringList argomenti) {
+        argomenti = QStringList{"--radice", radice.path(), "--oggi", "21112026"} + argomenti;
+        QProcess p;
+        p.start(TAVOLET_CLI, argomenti);
+        p.waitForFinished(60000);
+        return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
+                QString::fromUtf8(p.readAllStandardError())};
+    }
+    QString Esempio() const { return radice.path() + "/drive_c/Libretti/ESEMPIO.DAT"; }
+};
+
+} // namespace
+
+TEST_F(Cli, Ambiente) {
+    const Esito e = Esegui({"ambiente"});
+    EXPECT_EQ(e.codice, 0) << e.err.toStdString();
+    const QStringList righe = e.out.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(righe.size(), 8);
+    EXPECT_TRUE(righe[0].startsWith("CartellaLavoro=C:\\users\\"));
+    EXPECT_TRUE(righe[0].endsWith("\\Documents\\Tavolet"));
+    EXPECT_EQ(righe.mid(1),
+              (QStringList{"UnitaPregeoExe=C:", "UnitaPregeoDati=C:",
+                           "PercorsoArch2=C:\\pregeo\\arch\\arch2.db",
+                           "VersionePregeo=PREGEO 10.00-G,APAG 2.12", "TabellaComuni=160",
+                           "TabellaProvince=103", "TabellaQualita=16"}));
+}
+
+TEST_F(Cli, TestataERigheDelLibrettoDemo) {
+    Esito e = Esegui({"libretto", "testata", "C:\\LIBRETTI\\esempio.dat"});
+    EXPECT_EQ(e.codice, 0) << e.err.toStdString();
+    EXPECT_EQ(e.out.toUtf8(), Dati("cli/testata_esempio.txt"));
+    e = Esegui({"libretto", "righe", Esempio()});
+    EXPECT_EQ(e.codice, 0);
+    EXPECT_EQ(e.out.toUtf8(), Dati("cli/righe_esempio.txt"));
+    // The question of the drop is answered with its default and shown on stderr.
+    EXPECT_EQ(e.err, "Trascina Libretto: Sostituire il Libretto Esistente?\n");
+    e = Esegui({"--no", "libretto", "righe", Esempio()});
+    EXPECT_EQ(e.codice, 1);
+    EXPECT_EQ(e.out, "");
+}
+
+TEST_F(Cli, SalvaScriveComeIlProgramma) {
+    const QString uscita = radice.path() + "/uscita.dat";
+    Esito e = Esegui({"libretto", "salva", Esempio(), uscita});
+    EXPECT_EQ(e.codice, 0) << e.err.toStdString();
+    QFile f(uscita);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), Dati("cli/salva_esempio.dat"));
+
+    // A write that fails is an error report and exit status 1.
+    e = Esegui({"libretto", "salva", Esempio(), radice.path() + "/manca/uscita.dat"});
+    EXPECT_EQ(e.codice, 1);
+    EXPECT_TRUE(e.err.contains("Rilevato errore: Si è verificato questo errore : 76\n"))
+        << e.err.toStdString();
+    EXPECT_TRUE(e.err.contains("Nella Routine SalvaLibrettoMisure"));
+}
+
+TEST_F(Cli, OggiFissaLaDataDelleRigheDiDefault) {
+    QFile f(radice.path() + "/corto.dat");
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("1|1|\r\n");
+    f.close();
+    const Esito e = Esegui({"libretto", "testata", f.fileName()});
+    EXPECT_EQ(e.codice, 0);
+    EXPECT_TRUE(e.out.startsWith("DataLibretto=21112026\nAnnoLibretto=2026\nProtocollo=1\n"))
+        << e.out.toStdString();
+    EXPECT_TRUE(e.out.contains("NomeComuneLibretto=PIOVE DI SACCO\n"));
+}
+
+TEST_F(Cli, UsoSbagliato) {
+    Esito e = Esegui({"libretto", "salva", "solo-uno"});
+    EXPECT_EQ(e.codice, 2);
+    EXPECT_TRUE(e.err.startsWith("Uso: tavolet-cli libretto salva IN OUT"));
+    e = Esegui({"nessuno"});
+    EXPECT_EQ(e.codice, 2);
+    e = Esegui({"--help"});
+    EXPECT_EQ(e.codice, 0);
+    for (const char* c : {"libretto salva", "libretto righe", "libretto testata", "ambiente"})
+        EXPECT_TRUE(e.out.contains(c)) << c;
+    e = Esegui({"--oggi", "31022026", "ambiente"});
+    EXPECT_EQ(e.codice, 2);
+}
