@@ -1,0 +1,104 @@
+// The fast writer against the plain one: same bytes on realistic and on odd extracts.
+#include "estratto.h"
+#include "generatore.h"
+#include "riferimento.h"
+#include "sostituzioni.h"
+
+#include "errore.h"
+#include "piattaforma_finta.h"
+#include "stato.h"
+#include "testo.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+QStringList CatenaDiReplace(const QStringList& righe,
+                            const QList<std::pair<QString, QString>>& coppie) {
+    QString testo = Join(righe, CRLF);
+    for (const auto& [v, n] : coppie) testo = Replace(testo, u'|' + v + u'|', u'|' + n + u'|');
+    return testo.isEmpty() ? QStringList() : Split(testo, CRLF);
+}
+
+} // namespace
+
+// Small alphabets make every kind of chain: runs of equal fields that share bars, a new
+// number caught by a later pair, pairs that change nothing, empty fields.
+TEST(Sostituzioni, UgualeAllaCatenaDiReplaceDelTesto) {
+    std::mt19937 rng(20240315);
+    auto caso = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(rng); };
+    const QStringList alfabeto = {"", "0", "1%", "2%", "3%", "5%", "a", "A", "NC", "7|0", "1"};
+    int cambiate = 0;
+    for (int prova = 0; prova < 4000; ++prova) {
+        QStringList righe;
+        const int nRighe = caso(0, 4);
+        for (int r = 0; r < nRighe; ++r) {
+            QStringList pezzi;
+            const int nPezzi = caso(0, 12);
+            for (int k = 0; k < nPezzi; ++k) pezzi << alfabeto[caso(0, int(alfabeto.size()) - 1)];
+            righe << pezzi.join(u'|');
+        }
+        QList<std::pair<QString, QString>> coppie;
+        const int nCoppie = caso(0, 8);
+        for (int k = 0; k < nCoppie; ++k) {
+            QString v = alfabeto[caso(0, int(alfabeto.size()) - 1)];
+            QString n = alfabeto[caso(0, int(alfabeto.size()) - 1)];
+            if (v.contains(u'|')) v = QStringLiteral("5%");
+            if (n.contains(u'|')) n = QStringLiteral("1%");
+            coppie.append({v, n});
+        }
+        const QStringList atteso = CatenaDiReplace(righe, coppie);
+        ASSERT_EQ(SostituisciCampi(righe, coppie), atteso)
+            << "righe: " << righe.join(" / ").toStdString() << " prova " << prova;
+        if (atteso != righe) ++cambiate;
+    }
+    EXPECT_GT(cambiate, 1000);
+    // A bar shared by two equal tokens: only the first is replaced.
+    EXPECT_EQ(SostituisciCampi({"7|5%|5%|5%|"}, {{"5%", "1%"}}), QStringList{"7|1%|5%|1%|"});
+    // Rows holding a line end fall back to the text, with the same result.
+    const QStringList strane = {"7|5%|\r|5%|", "x|5%|"};
+    EXPECT_EQ(SostituisciCampi(strane, {{"5%", "2%"}}), CatenaDiReplace(strane, {{"5%", "2%"}}));
+    EXPECT_TRUE(SostituisciCampi({""}, {{"a", "b"}}).isEmpty());
+}
+
+// Whole extracts: the lists after reading go to both writers; either both fail with the
+// same error or both give the same text.
+TEST(ScrittoreVeloce, UgualeAlRiferimentoSuEstrattiGenerati) {
+    int confronti = 0, errori = 0;
+    for (unsigned seme = 1; seme <= 260; ++seme) {
+        OpzioniEstratto o;
+        o.seme = seme;
+        o.stranezze = seme % 4 != 0;
+        o.vertici = o.stranezze ? 20 + int(seme % 7) * 30 : 100 + int(seme % 5) * 150;
+        PiattaformaFinta piattaforma;
+        Stato stato(piattaforma);
+        const Estratto letto = EsplodiTestoEstratto(stato, GeneraEstratto(o));
+        Estratto veloce = letto, lento = letto;
+        const std::optional<QString> testo = ComponiEstratto(stato, veloce);
+        int numeroLento = 0;
+        QString testoLento;
+        try {
+            testoLento = ComponiRiferimento(lento);
+        } catch (const Errore& err) {
+            numeroLento = err.numero;
+        }
+        ASSERT_EQ(testo.has_value(), numeroLento == 0) << "seme " << seme;
+        if (testo) {
+            ASSERT_EQ(*testo, testoLento) << "seme " << seme;
+            ++confronti;
+        } else {
+            ASSERT_TRUE(
+                piattaforma.Messaggi().last().contains(QStringLiteral(": %1\r\n").arg(numeroLento)))
+                << piattaforma.Messaggi().last().toStdString();
+            ++errori;
+        }
+    }
+    // Most extracts are written; a few odd ones overflow the area tables on purpose.
+    EXPECT_GT(confronti, 200);
+    EXPECT_GT(errori, 0);
+}
