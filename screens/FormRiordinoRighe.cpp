@@ -73,6 +73,7 @@ FormRiordinoRighe::FormRiordinoRighe(Stato& stato, QWidget* parent)
         for (int i = 0; i < int(eliminazioni.size()); ++i) {
             if (eliminazioni[i].gruppo != g) continue;
             auto* pulsante = new QPushButton(QStringLiteral("Elimina"), riquadro);
+            pulsante->setAutoDefault(false); // Enter must never ask to delete a group
             pulsante->setToolTip(eliminazioni[i].domanda);
             connect(pulsante, &QPushButton::clicked, this, [this, i] {
                 if (EliminaGruppo(stato_, gruppi_, i)) MostraGruppi();
