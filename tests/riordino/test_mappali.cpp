@@ -85,15 +85,13 @@ TEST_F(MappaliProva, ConfermaDellaSelezioneEControlli) {
     EXPECT_EQ(scelta.RigheFabbRurale, kRurale + "\r\n");
     EXPECT_TRUE(scelta.RigheEnteUrbano.isEmpty());
 
+    // Several parcels are fine for a Pregeo "Stda" under type 43.
     s.amb.VersionePregeo = "10.00-G,STDA 2.08";
-    s.testata.TipologiaRilievo = "01";
-    EXPECT_FALSE(ConfermaSelezioneMappali(s, scelta, {kSeminativo, kUrbano, kRurale}, sel));
     s.testata.TipologiaRilievo = "43";
     EXPECT_TRUE(ConfermaSelezioneMappali(s, scelta, {kSeminativo, kUrbano, kRurale}, sel));
     EXPECT_EQ(
         p.Messaggi(),
-        (QStringList{"Seleziona Mappali: Questa versione di Tavolet prevede un solo mappale.",
-                     "Seleziona Mappali: Questa versione di Pregeo prevede un solo mappale."}));
+        QStringList{"Seleziona Mappali: Questa versione di Tavolet prevede un solo mappale."});
 
     // No line selected: no parcel, and the form closes.
     sel = {false, false};
@@ -101,7 +99,7 @@ TEST_F(MappaliProva, ConfermaDellaSelezioneEControlli) {
     EXPECT_EQ(s.testata.MappaliLibretto, "");
 }
 
-TEST_F(MappaliProva, MappaleDaMantenere) {
+TEST_F(MappaliProva, RigheDaMantenereERigaDelMappale) {
     SceltaMappali scelta;
     scelta.RigheFabbRurale = kRurale + "\r\n";
     s.testata.TipologiaRilievo = "01";
@@ -114,15 +112,6 @@ TEST_F(MappaliProva, MappaleDaMantenere) {
     const QStringList mappali = {"1", "11", "10"};
     EXPECT_EQ(MappaliDellaRiga(kUrbano, mappali), QList<int>{1});
     EXPECT_TRUE(MappaliDellaRiga(kDiviso, mappali).isEmpty());
-
-    s.testata.MappaliLibretto = "1,11,10";
-    ConfermaMappali(s, scelta, mappali, -1);
-    EXPECT_EQ(s.testata.MappaliLibretto, "1,11,10");
-    EXPECT_EQ(s.EsitoDialogo, -1);
-    ConfermaMappali(s, scelta, mappali, 2);
-    EXPECT_EQ(s.testata.MappaliLibretto, "10,1,11");
-    EXPECT_EQ(scelta.MappaleMantenuto, "10");
-    EXPECT_EQ(s.EsitoDialogo, 1);
 }
 
 TEST_F(MappaliProva, QuotaMediaDelComune) {

@@ -153,29 +153,3 @@ TEST_F(RicomponiProva, CompagnoLxbSostituisceIlRilievo) {
     EXPECT_EQ(RigheTesto().mid(2, 2), (QStringList{"6|Frazionamento del mappale 125|",
                                                    "6|Misure eseguite il 12 gennaio|"}));
 }
-
-TEST_F(RicomponiProva, EliminazioneDeiGruppiEAppunti) {
-    s.doc.TestoLibretto = Join({kRiga0, kRiga9, "1|A|1.5|", "2|1|0.0|", "2|3|0.0|",
-                                "1|10000|1.0,2.0,3.0|", "8|1|1.000|2.000|"},
-                               CRLF) +
-                          CRLF;
-    GruppiLibretto g = EsplodiLibretto(s);
-    // The default answer is no.
-    EXPECT_FALSE(EliminaGruppo(s, g, 7));
-    EXPECT_EQ(g.GruppoGPS, QStringList{"1|10000|1.0,2.0,3.0|"});
-    p.risposte << Risposta::Si << Risposta::Si;
-    EXPECT_TRUE(EliminaGruppo(s, g, 7));
-    EXPECT_TRUE(EliminaGruppo(s, g, 6));
-    EXPECT_TRUE(g.GruppoGPS.isEmpty());
-    EXPECT_TRUE(g.GruppoFiduciali.isEmpty());
-    EXPECT_FALSE(EliminaGruppo(s, g, 11));
-    EXPECT_EQ(p.Domande(),
-              (QStringList{"Eliminazione Punti Fiduciali: Eliminare le Righe GPS?",
-                           "Eliminazione Punti Fiduciali: Eliminare le Righe GPS?",
-                           "Eliminazione Punti Fiduciali: Eliminare Punti Fiduciali?"}));
-    EXPECT_EQ(EliminazioniGruppi()[9].titolo, "Eliminazione Proposta di Aggiornamnto");
-
-    EXPECT_EQ(TestoGruppoPerAppunti(g, Gruppo::Stazioni), "1|A|1.5|\r\n2|1|0.0|\r\n2|3|0.0|\r\n");
-    EXPECT_EQ(TestoGruppoPerAppunti(g, Gruppo::Riga0), kRiga0);
-    EXPECT_EQ(TestoGruppoPerAppunti(g, Gruppo::Censuario), "");
-}
