@@ -53,6 +53,16 @@ void InstradaOtto(Estratto& e, const QString& riga) {
         e.Punti.append(riga);
 }
 
+// Val(campo) > 0, without the full read for a field of plain digits.
+bool Positivo(const QString& campo) {
+    bool cifre = !campo.isEmpty(), nonZero = false;
+    for (QChar c : campo) {
+        cifre = cifre && c >= u'0' && c <= u'9';
+        nonZero = nonZero || (c >= u'1' && c <= u'9');
+    }
+    return cifre ? nonZero : Val(campo) > 0;
+}
+
 // Walking backwards, continuation rows are carried to the ring row before them. SETTE comes
 // out in the reverse of the file's order, and each read and save turns it round again.
 void UnisciAnelli(Estratto& e) {
@@ -60,7 +70,7 @@ void UnisciAnelli(Estratto& e) {
     for (qsizetype i = e.List1.size() - 1; i >= 0; --i) {
         const QString& riga = e.List1[i];
         const QStringList campi = Split(riga, kBarra);
-        if (Val(Campo(campi, 1)) <= 0) {
+        if (!Positivo(Campo(campi, 1))) {
             portati.append(Replace(Replace(riga, QStringLiteral("7|0|"), QString()),
                                    QStringLiteral("NC|"), QString()));
             continue;
@@ -147,11 +157,19 @@ void EstMedio(Estratto& e) {
     e.EstrattoEstMedio = Formato((minimo + massimo) / 2, QStringLiteral("###########0"));
 }
 
+// The kind of a row is Val of it; a row that begins with a digit and a bar has that digit, and
+// nearly all rows do, so the full read is kept for the others.
+double Tipo(const QString& riga) {
+    if (riga.size() >= 2 && riga[1] == u'|' && riga[0] >= u'0' && riga[0] <= u'9')
+        return riga[0].unicode() - u'0';
+    return Val(riga);
+}
+
 void Leggi(Stato& stato, Estratto& e, const QStringList& righe) {
     if (!righe.isEmpty()) e.ZERO.append(righe[0]);
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString& riga = righe[i];
-        const double tipo = Val(riga);
+        const double tipo = Tipo(riga);
         if (tipo == 8) {
             InstradaOtto(e, riga);
         } else if (tipo == 7) {

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace tavolet {
 
@@ -25,26 +26,44 @@ double& Slot(std::array<double, 501>& tabella, qsizetype i) {
     return tabella[size_t(i)];
 }
 
+bool Ascii(const QString& s) {
+    for (QChar c : s)
+        if (c.unicode() >= 128) return false;
+    return true;
+}
+
 // Step 2: ids right-aligned in ten columns, so that a text sort gives numeric order. The form's
 // sorted list compares without regard to case; rows that compare equal keep their order.
 void OrdinaPunti(Estratto& e) {
-    QStringList ordinati;
-    ordinati.reserve(e.Punti.size());
+    struct Voce {
+        QString riga;   // with the id in ten columns
+        QString chiave; // lower-cased when plain ASCII, else empty
+        bool ascii;
+    };
+    std::vector<Voce> voci;
+    voci.reserve(size_t(e.Punti.size()));
     for (const QString& riga : e.Punti) {
-        QStringList campi = Split(riga, kBarra);
-        QString& id = CampoRif(campi, 1);
-        id = Right(Space(20) + id, 10);
-        ordinati.append(Join(campi, kBarra));
+        qsizetype inizio, fine;
+        CampoUno(riga, inizio, fine);
+        const QString id = Right(Space(20) + riga.mid(inizio, fine - inizio), 10);
+        QString nuova = riga.left(inizio) + id + riga.mid(fine);
+        const bool ascii = Ascii(nuova);
+        QString chiave = ascii ? nuova.toLower() : QString();
+        voci.push_back({std::move(nuova), std::move(chiave), ascii});
     }
-    std::stable_sort(ordinati.begin(), ordinati.end(), [](const QString& a, const QString& b) {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
+    std::stable_sort(voci.begin(), voci.end(), [](const Voce& a, const Voce& b) {
+        if (a.ascii && b.ascii) return a.chiave < b.chiave;
+        return a.riga.compare(b.riga, Qt::CaseInsensitive) < 0;
     });
-    e.SORTED = ordinati;
+    e.SORTED.clear();
+    e.SORTED.reserve(qsizetype(voci.size()));
     e.Punti.clear();
-    for (const QString& riga : e.SORTED) {
-        QStringList campi = Split(riga, kBarra);
-        CampoRif(campi, 1) = Trim(campi[1]);
-        e.Punti.append(Join(campi, kBarra));
+    e.Punti.reserve(qsizetype(voci.size()));
+    for (const Voce& v : voci) {
+        e.SORTED.append(v.riga);
+        qsizetype inizio, fine;
+        CampoUno(v.riga, inizio, fine);
+        e.Punti.append(ConCampoUno(v.riga, Trim(v.riga.mid(inizio, fine - inizio))));
     }
 }
 
@@ -54,23 +73,99 @@ void Rinumera(Estratto& e) {
     Coppie coppie;
     coppie.reserve(e.Punti.size());
     for (qsizetype i = 0; i < e.Punti.size(); ++i) {
-        QStringList campi = Split(e.Punti[i], kBarra);
+        QString& riga = e.Punti[i];
+        qsizetype inizio, fine;
+        CampoUno(riga, inizio, fine);
         const QString nuovo = QString::number(i + 1) + u'%';
-        coppie.append({Campo(campi, 1), nuovo});
-        campi[1] = nuovo;
-        e.Punti[i] = Join(campi, kBarra);
+        coppie.append({riga.mid(inizio, fine - inizio), nuovo});
+        riga = ConCampoUno(riga, nuovo);
     }
     e.SETTE = SostituisciCampi(e.SETTE, coppie);
 }
 
+// The area with the vertex tables; trova gives the row of Punti of an id, or -1.
+template <typename Trova> void Area(Estratto& e, const QString& riga, Trova&& trova) {
+    auto& x = e.XVertici;
+    auto& y = e.YVertici;
+    const QList<QStringView> campi = QStringView(riga).split(u'|');
+    const qsizetype n = campi.size() - 1;
+    qsizetype conta = 0;
+    // The style token at n-4 finds no point: its slot keeps what the last ring left there,
+    // and its two edges cancel out since the ring is closed.
+    for (qsizetype k = 2; k <= n - 4; ++k) {
+        ++conta;
+        double nord, est;
+        if (!trova(campi[k], nord, est)) continue;
+        Slot(y, conta) = nord;
+        Slot(x, conta) = est;
+    }
+    Slot(x, 0) = Slot(x, conta);
+    Slot(y, 0) = Slot(y, conta);
+    Slot(x, conta + 1) = Slot(x, 1);
+    Slot(y, conta + 1) = Slot(y, 1);
+    double area = 0, perimetro = 0, sommaDx = 0;
+    if (conta >= 3) {
+        for (qsizetype i = 1; i <= conta; ++i) {
+            const double dx = x[size_t(i + 1)] - x[size_t(i)];
+            const double dy = y[size_t(i + 1)] - y[size_t(i)];
+            area = area + dx * (y[size_t(i)] + y[size_t(i + 1)]) / 2;
+            perimetro = perimetro + std::sqrt(dx * dx + dy * dy);
+            sommaDx = sommaDx + dx;
+        }
+    }
+    e.AreaRigaSette = std::fabs(area);
+    e.PerimetroRigaSette = perimetro;
+    e.SommaDxRigaSette = sommaDx;
+}
+
+// North and east of a row of Punti: fields 2 and 3.
+void Coordinate(const QString& punto, double& nord, double& est) {
+    const QStringList campi = Split(punto, kBarra);
+    nord = Val(Campo(campi, 2));
+    est = Val(Campo(campi, 3));
+}
+
+void ScriviCampoDaFondo(QString& riga, int k, const QString& valore) {
+    qsizetype inizio, fine;
+    CampoDaFondo(riga, k, inizio, fine);
+    riga.replace(inizio, fine - inizio, valore);
+}
+
+QString TestoDaFondo(const QString& riga, int k) {
+    qsizetype inizio, fine;
+    CampoDaFondo(riga, k, inizio, fine);
+    return riga.mid(inizio, fine - inizio);
+}
+
+// Step 4. After renumbering vertex i is "<i+1>%", so an id finds its row by its number: the
+// first row beginning with "8|<id>|" is that one, if it begins with "8|" at all.
 void Aree(Estratto& e) {
-    const QHash<QString, int> indice = IndicePunti(e.Punti);
+    const qsizetype punti = e.Punti.size();
+    std::vector<char> letto(size_t(punti), char(0));
+    std::vector<std::pair<double, double>> coordinate(size_t(punti), {0.0, 0.0});
+    auto trova = [&](QStringView id, double& nord, double& est) {
+        if (id.size() < 2 || id.size() > 12 || id.back() != u'%' || id.front() == u'0')
+            return false;
+        qsizetype numero = 0;
+        for (qsizetype k = 0; k + 1 < id.size(); ++k) {
+            if (id[k] < u'0' || id[k] > u'9') return false;
+            numero = numero * 10 + (id[k].unicode() - u'0');
+        }
+        if (numero < 1 || numero > punti) return false;
+        const size_t i = size_t(numero - 1);
+        if (!e.Punti[qsizetype(i)].startsWith(u"8|")) return false;
+        if (!letto[i]) {
+            Coordinate(e.Punti[qsizetype(i)], coordinate[i].first, coordinate[i].second);
+            letto[i] = 1;
+        }
+        nord = coordinate[i].first;
+        est = coordinate[i].second;
+        return true;
+    };
     for (QString& riga : e.SETTE) {
-        AreaRigaSette(e, riga, indice);
-        QStringList campi = Split(riga, kBarra);
-        CampoRif(campi, campi.size() - 2) =
-            Replace(CStr(e.AreaRigaSette), QStringLiteral(","), QStringLiteral("."));
-        riga = Join(campi, kBarra);
+        Area(e, riga, trova);
+        ScriviCampoDaFondo(
+            riga, 1, Replace(CStr(e.AreaRigaSette), QStringLiteral(","), QStringLiteral(".")));
     }
 }
 
@@ -82,12 +177,12 @@ void Isole(Estratto& e) {
     QStringList nomi;
     QList<double> aree;
     QHash<QString, QList<int>> perNome; // rows by name, ascending
+    nomi.reserve(conta);
+    aree.reserve(conta);
     for (qsizetype i = 0; i < conta; ++i) {
-        const QStringList campi = Split(e.SETTE[i], kBarra);
-        const qsizetype n = campi.size() - 1;
-        nomi.append(Campo(campi, n - 2));
-        aree.append(Val(Campo(campi, n - 1)));
-        perNome[nomi.last()].append(int(i));
+        nomi.append(TestoDaFondo(e.SETTE[i], 2));
+        aree.append(Val(TestoDaFondo(e.SETTE[i], 1)));
+        if (nomi.last().endsWith(u'-')) perNome[nomi.last()].append(int(i));
     }
     for (qsizetype i = 0; i < conta - 1; ++i) {
         if (nomi[i].contains(u'-') || nomi[i].contains(u'+')) continue;
@@ -99,28 +194,23 @@ void Isole(Estratto& e) {
                  ++j)
                 area = area - aree[*j];
         }
-        QStringList campi = Split(e.SETTE[i], kBarra);
-        campi[campi.size() - 2] = Replace(CStr(area), QStringLiteral("."), QStringLiteral(","));
-        e.SETTE[i] = Join(campi, kBarra);
+        ScriviCampoDaFondo(e.SETTE[i], 1,
+                           Replace(CStr(area), QStringLiteral("."), QStringLiteral(",")));
     }
 }
 
 void Arrotonda(Estratto& e) {
     for (QString& riga : e.SETTE) {
-        QStringList campi = Split(riga, kBarra);
-        QString& area = CampoRif(campi, campi.size() - 2);
-        area = Replace(Trim(Formato(Val(area), QStringLiteral("##############"))),
-                       QStringLiteral(","), QStringLiteral("."));
-        riga = Join(campi, kBarra);
+        const double area = Val(TestoDaFondo(riga, 1));
+        ScriviCampoDaFondo(riga, 1,
+                           Replace(Trim(Formato(area, QStringLiteral("##############"))),
+                                   QStringLiteral(","), QStringLiteral(".")));
     }
 }
 
 void Toponimi(Estratto& e) {
-    for (qsizetype i = 0; i < e.Toponimi.size(); ++i) {
-        QStringList campi = Split(e.Toponimi[i], kBarra);
-        CampoRif(campi, 1) = QString::number(i + 1 + e.Punti.size()) + u'T';
-        e.Toponimi[i] = Join(campi, kBarra);
-    }
+    for (qsizetype i = 0; i < e.Toponimi.size(); ++i)
+        e.Toponimi[i] = ConCampoUno(e.Toponimi[i], QString::number(i + 1 + e.Punti.size()) + u'T');
 }
 
 // Step 9: the direction keeps a new number from being caught by a later replacement.
@@ -134,11 +224,12 @@ void PuntiLinee(Estratto& e) {
     coppie.reserve(conta);
     for (qsizetype k = 0; k < conta; ++k) {
         const qsizetype i = indietro ? conta - 1 - k : k;
-        QStringList campi = Split(e.PLinee[i], kBarra);
+        QString& riga = e.PLinee[i];
+        qsizetype inizio, fine;
+        CampoUno(riga, inizio, fine);
         const QString nuovo = QString::number(i + 1 + base) + u'L';
-        coppie.append({Campo(campi, 1), nuovo});
-        campi[1] = nuovo;
-        e.PLinee[i] = Join(campi, kBarra);
+        coppie.append({riga.mid(inizio, fine - inizio), nuovo});
+        riga = ConCampoUno(riga, nuovo);
     }
     e.Linee = SostituisciCampi(e.Linee, coppie);
 }
@@ -148,17 +239,24 @@ void Anelli(Estratto& e) {
     e.List1.clear();
     for (const QString& riga : e.SETTE) {
         if (riga.isEmpty()) continue;
-        const QStringList campi = Split(riga, kBarra);
+        const QList<QStringView> campi = QStringView(riga).split(u'|');
         const qsizetype n = campi.size() - 1;
+        if (n - 4 < 0) throw Errore(9);
         QString coda;
-        for (qsizetype k = n - 4; k <= n - 1; ++k) coda += Campo(campi, k) + kBarra;
+        for (qsizetype k = n - 4; k <= n - 1; ++k) {
+            coda += campi[k];
+            coda += u'|';
+        }
         auto emetti = [&](const QString& uscita) {
             e.List1.append(uscita + (uscita.startsWith(u"7|0|") ? QStringLiteral("NC|") : coda));
         };
-        QString uscita = QStringLiteral("7|") + Campo(campi, 1) + kBarra;
+        QString uscita = QStringLiteral("7|");
+        uscita += campi[1];
+        uscita += u'|';
         int ids = 0;
         for (qsizetype k = 2; k <= n - 5; ++k) {
-            uscita += campi[k] + kBarra;
+            uscita += campi[k];
+            uscita += u'|';
             if (++ids == 10) {
                 emetti(uscita);
                 uscita = QStringLiteral("7|0|");
@@ -194,41 +292,43 @@ QHash<QString, int> IndicePunti(const QStringList& punti) {
     return indice;
 }
 
+void CampoUno(const QString& riga, qsizetype& inizio, qsizetype& fine) {
+    const qsizetype barra = riga.indexOf(u'|');
+    if (barra < 0) throw Errore(9);
+    inizio = barra + 1;
+    fine = riga.indexOf(u'|', inizio);
+    if (fine < 0) fine = riga.size();
+}
+
+QString ConCampoUno(const QString& riga, const QString& nuovo) {
+    qsizetype inizio, fine;
+    CampoUno(riga, inizio, fine);
+    QString r;
+    r.reserve(riga.size() - (fine - inizio) + nuovo.size());
+    r += QStringView(riga).left(inizio);
+    r += nuovo;
+    r += QStringView(riga).mid(fine);
+    return r;
+}
+
+void CampoDaFondo(const QString& riga, int k, qsizetype& inizio, qsizetype& fine) {
+    qsizetype barra = riga.size();
+    for (int i = 0; i < k; ++i) {
+        barra = barra > 0 ? riga.lastIndexOf(u'|', barra - 1) : -1;
+        if (barra < 0) throw Errore(9);
+    }
+    fine = barra;
+    const qsizetype prima = barra > 0 ? riga.lastIndexOf(u'|', barra - 1) : -1;
+    inizio = prima + 1;
+}
+
 void AreaRigaSette(Estratto& e, const QString& riga, const QHash<QString, int>& indice) {
-    const QStringList campi = Split(riga, kBarra);
-    const qsizetype n = campi.size() - 1;
-    auto& x = e.XVertici;
-    auto& y = e.YVertici;
-    qsizetype conta = 0;
-    // The style token at n-4 finds no point: its slot keeps what the last ring left there,
-    // and its two edges cancel out since the ring is closed.
-    for (qsizetype k = 2; k <= n - 4; ++k) {
-        ++conta;
-        const auto it = indice.constFind(campi[k]);
-        if (it == indice.constEnd()) continue;
-        const QStringList punto = Split(e.Punti[it.value()], kBarra);
-        const double nord = Val(Campo(punto, 2));
-        const double est = Val(Campo(punto, 3));
-        Slot(y, conta) = nord;
-        Slot(x, conta) = est;
-    }
-    Slot(x, 0) = Slot(x, conta);
-    Slot(y, 0) = Slot(y, conta);
-    Slot(x, conta + 1) = Slot(x, 1);
-    Slot(y, conta + 1) = Slot(y, 1);
-    double area = 0, perimetro = 0, sommaDx = 0;
-    if (conta >= 3) {
-        for (qsizetype i = 1; i <= conta; ++i) {
-            const double dx = x[size_t(i + 1)] - x[size_t(i)];
-            const double dy = y[size_t(i + 1)] - y[size_t(i)];
-            area = area + dx * (y[size_t(i)] + y[size_t(i + 1)]) / 2;
-            perimetro = perimetro + std::sqrt(dx * dx + dy * dy);
-            sommaDx = sommaDx + dx;
-        }
-    }
-    e.AreaRigaSette = std::fabs(area);
-    e.PerimetroRigaSette = perimetro;
-    e.SommaDxRigaSette = sommaDx;
+    Area(e, riga, [&](QStringView id, double& nord, double& est) {
+        const auto it = indice.constFind(id.toString());
+        if (it == indice.constEnd()) return false;
+        Coordinate(e.Punti[it.value()], nord, est);
+        return true;
+    });
 }
 
 QString Componi(Stato& stato, Estratto& e) {

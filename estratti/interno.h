@@ -26,6 +26,14 @@ inline QString Voce(const QStringList& lista, qsizetype i) {
     return i >= 0 && i < lista.size() ? lista[i] : QString();
 }
 
+// Field 1 of a row as Split would give it: [inizio, fine) in the row. No bar: error 9.
+void CampoUno(const QString& riga, qsizetype& inizio, qsizetype& fine);
+// The row with field 1 replaced, as Split, change and Join would give it.
+QString ConCampoUno(const QString& riga, const QString& nuovo);
+// Field n-k of a row whose last field (behind its last bar) is n: [inizio, fine). Error 9
+// when the row has fewer than k bars.
+void CampoDaFondo(const QString& riga, int k, qsizetype& inizio, qsizetype& fine);
+
 // For each id, the index of the first row of Punti that begins with "8|<id>|".
 QHash<QString, int> IndicePunti(const QStringList& punti);
 

@@ -2,9 +2,9 @@
 
 #include "testo.h"
 
-#include <QHash>
-
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tavolet {
@@ -21,6 +21,12 @@ QStringList ConTesto(const QStringList& righe, const QList<std::pair<QString, QS
     return Split(testo, CRLF);
 }
 
+using Vista = std::u16string_view;
+
+Vista V(const QString& s) {
+    return Vista(reinterpret_cast<const char16_t*>(s.utf16()), size_t(s.size()));
+}
+
 bool Adatto(const QString& s) {
     return !s.contains(u'\r') && !s.contains(u'\n');
 }
@@ -32,133 +38,159 @@ bool Adatto(const QString& s) {
 // neighbours moves whole, and groups merge smaller into larger.
 class Campi {
 public:
-    explicit Campi(const QStringList& righe) {
-        for (const QString& riga : righe) {
-            QStringList pezzi = riga.split(u'|');
-            Riga r;
-            r.primo = int(gruppo_.size());
-            const int ultimo = int(pezzi.size()) - 1;
-            for (int k = 1; k < ultimo; ++k) {
-                const int f = int(gruppo_.size());
-                const int g = Gruppo(pezzi[k]);
-                gruppo_.push_back(g);
-                haPrecedente_.push_back(k > 1);
-                if (k > 1 && gruppo_[f - 1] == g) ++gruppi_[g].adiacenze;
-                gruppi_[g].membri.push_back(f);
+    // The rows and the pairs must outlive the object: groups and keys look into their text.
+    explicit Campi(const QStringList& righe) : righe_(righe) {
+        perContenuto_.reserve(size_t(righe.size()) * 4);
+        for (const QString& testo : righe_) {
+            const Vista riga = V(testo);
+            Riga r{int(campi_.size()), 0};
+            size_t inizio = riga.find(u'|');
+            if (inizio != Vista::npos) {
+                ++inizio;
+                for (size_t barra; (barra = riga.find(u'|', inizio)) != Vista::npos;
+                     inizio = barra + 1) {
+                    const int f = int(campi_.size());
+                    const int g = Gruppo(riga.substr(inizio, barra - inizio));
+                    const bool legato = r.conta > 0;
+                    campi_.push_back({int(inizio), int(barra - inizio), legato});
+                    gruppo_.push_back(g);
+                    if (legato && gruppo_[size_t(f) - 1] == g) ++gruppi_[size_t(g)].adiacenze;
+                    gruppi_[size_t(g)].membri.push_back(f);
+                    ++r.conta;
+                }
             }
-            r.pezzi = std::move(pezzi);
-            righe_.push_back(std::move(r));
+            righeCampi_.push_back(r);
         }
     }
 
     void Sostituisci(const QString& vecchio, const QString& nuovo) {
         if (vecchio == nuovo) return;
-        const auto it = perContenuto_.constFind(vecchio);
-        if (it == perContenuto_.constEnd()) return;
-        const int g = it.value();
-        if (gruppi_[g].membri.empty()) return;
-        const int t = Gruppo(nuovo);
-        if (gruppi_[g].adiacenze == 0)
+        const auto it = perContenuto_.find(V(vecchio));
+        if (it == perContenuto_.end()) return;
+        const int g = it->second;
+        if (gruppi_[size_t(g)].membri.empty()) return;
+        const int t = Gruppo(V(nuovo));
+        if (gruppi_[size_t(g)].adiacenze == 0)
             Unisci(g, t);
         else
             Dividi(g, t);
     }
 
-    QStringList Righe() {
+    QStringList Righe() const {
         QStringList out;
-        out.reserve(qsizetype(righe_.size()));
-        for (Riga& r : righe_) {
-            const int ultimo = int(r.pezzi.size()) - 1;
-            for (int k = 1; k < ultimo; ++k)
-                r.pezzi[k] = gruppi_[gruppo_[r.primo + k - 1]].contenuto;
-            out.append(r.pezzi.join(u'|'));
+        out.reserve(righe_.size());
+        for (qsizetype r = 0; r < righe_.size(); ++r) {
+            const QString& testo = righe_[r];
+            const Riga& rc = righeCampi_[size_t(r)];
+            bool cambiata = false;
+            for (int f = rc.primo; f < rc.primo + rc.conta && !cambiata; ++f)
+                cambiata = Contenuto(f) != V(testo).substr(size_t(campi_[size_t(f)].inizio),
+                                                           size_t(campi_[size_t(f)].lunghezza));
+            if (!cambiata) {
+                out.append(testo);
+                continue;
+            }
+            const Campo& primo = campi_[size_t(rc.primo)];
+            const Campo& ultimo = campi_[size_t(rc.primo + rc.conta - 1)];
+            QString nuova = testo.left(primo.inizio);
+            for (int f = rc.primo; f < rc.primo + rc.conta; ++f) {
+                if (f > rc.primo) nuova += u'|';
+                const Vista c = Contenuto(f);
+                nuova.append(reinterpret_cast<const QChar*>(c.data()), qsizetype(c.size()));
+            }
+            nuova += QStringView(testo).mid(ultimo.inizio + ultimo.lunghezza);
+            out.append(nuova);
         }
         return out;
     }
 
 private:
+    struct Campo {
+        int inizio, lunghezza; // in the original row
+        bool legato;           // shares its left bar with the field before
+    };
     struct Riga {
-        QStringList pezzi;
-        int primo = 0; // index of its first field
+        int primo, conta; // its fields
     };
     struct Insieme {
-        QString contenuto;
+        Vista contenuto;
         std::vector<int> membri;
         long long adiacenze = 0; // pairs of neighbouring fields both in the group
     };
 
-    int Gruppo(const QString& contenuto) {
-        auto it = perContenuto_.find(contenuto);
-        if (it != perContenuto_.end()) return it.value();
-        const int g = int(gruppi_.size());
-        gruppi_.push_back(Insieme{contenuto, {}, 0});
-        perContenuto_.insert(contenuto, g);
-        return g;
+    Vista Contenuto(int f) const { return gruppi_[size_t(gruppo_[size_t(f)])].contenuto; }
+
+    int Gruppo(Vista contenuto) {
+        const auto [it, nuovo] = perContenuto_.try_emplace(contenuto, int(gruppi_.size()));
+        if (nuovo) gruppi_.push_back(Insieme{contenuto, {}, 0});
+        return it->second;
     }
 
     bool Vicino(int f, int g, int passo) const {
-        if (passo < 0) return haPrecedente_[f] && gruppo_[f - 1] == g;
-        return f + 1 < int(gruppo_.size()) && haPrecedente_[f + 1] && gruppo_[f + 1] == g;
+        if (passo < 0) return campi_[size_t(f)].legato && gruppo_[size_t(f) - 1] == g;
+        return size_t(f) + 1 < campi_.size() && campi_[size_t(f) + 1].legato &&
+               gruppo_[size_t(f) + 1] == g;
     }
 
     // Moves the members of da into a, counting the new neighbour pairs.
     void Sposta(int da, int a) {
-        for (int f : gruppi_[da].membri) {
-            if (Vicino(f, a, -1)) ++gruppi_[a].adiacenze;
-            if (Vicino(f, a, +1)) ++gruppi_[a].adiacenze;
+        Insieme& sorgente = gruppi_[size_t(da)];
+        Insieme& meta = gruppi_[size_t(a)];
+        for (int f : sorgente.membri) {
+            if (Vicino(f, a, -1)) ++meta.adiacenze;
+            if (Vicino(f, a, +1)) ++meta.adiacenze;
         }
-        for (int f : gruppi_[da].membri) gruppo_[f] = a;
-        gruppi_[a].adiacenze += gruppi_[da].adiacenze;
-        gruppi_[a].membri.insert(gruppi_[a].membri.end(), gruppi_[da].membri.begin(),
-                                 gruppi_[da].membri.end());
-        gruppi_[da].membri.clear();
-        gruppi_[da].adiacenze = 0;
+        for (int f : sorgente.membri) gruppo_[size_t(f)] = a;
+        meta.adiacenze += sorgente.adiacenze;
+        meta.membri.insert(meta.membri.end(), sorgente.membri.begin(), sorgente.membri.end());
+        sorgente.membri.clear();
+        sorgente.adiacenze = 0;
     }
 
     // Every member of g matches: g's fields take the content of t.
     void Unisci(int g, int t) {
-        if (gruppi_[g].membri.size() <= gruppi_[t].membri.size()) {
+        if (gruppi_[size_t(g)].membri.size() <= gruppi_[size_t(t)].membri.size()) {
             Sposta(g, t);
             return;
         }
         // The larger group stays where it is and changes its content.
         Sposta(t, g);
-        std::swap(gruppi_[g].contenuto, gruppi_[t].contenuto);
-        perContenuto_[gruppi_[g].contenuto] = g;
-        perContenuto_[gruppi_[t].contenuto] = t;
+        std::swap(gruppi_[size_t(g)].contenuto, gruppi_[size_t(t)].contenuto);
+        perContenuto_[gruppi_[size_t(g)].contenuto] = g;
+        perContenuto_[gruppi_[size_t(t)].contenuto] = t;
     }
 
     // Runs of neighbours: first, third, fifth... of each run match.
     void Dividi(int g, int t) {
-        std::vector<int>& membri = gruppi_[g].membri;
+        std::vector<int>& membri = gruppi_[size_t(g)].membri;
         std::sort(membri.begin(), membri.end());
         std::vector<int> restano, presi;
         int ultimoPreso = -2;
         for (int f : membri) {
-            const bool legato = haPrecedente_[f] && gruppo_[f - 1] == g && ultimoPreso == f - 1;
-            if (legato)
+            if (campi_[size_t(f)].legato && ultimoPreso == f - 1) {
                 restano.push_back(f);
-            else {
+            } else {
                 presi.push_back(f);
                 ultimoPreso = f;
             }
         }
         // No two members left are neighbours: each one left follows a member taken.
         membri = std::move(restano);
-        gruppi_[g].adiacenze = 0;
+        gruppi_[size_t(g)].adiacenze = 0;
         for (int f : presi) {
-            gruppo_[f] = t;
-            if (Vicino(f, t, -1)) ++gruppi_[t].adiacenze;
-            if (Vicino(f, t, +1)) ++gruppi_[t].adiacenze;
-            gruppi_[t].membri.push_back(f);
+            gruppo_[size_t(f)] = t;
+            if (Vicino(f, t, -1)) ++gruppi_[size_t(t)].adiacenze;
+            if (Vicino(f, t, +1)) ++gruppi_[size_t(t)].adiacenze;
+            gruppi_[size_t(t)].membri.push_back(f);
         }
     }
 
-    std::vector<Riga> righe_;
-    std::vector<int> gruppo_;        // group of each field
-    std::vector<bool> haPrecedente_; // the field shares its left bar with the field before
+    const QStringList righe_;
+    std::vector<Riga> righeCampi_;
+    std::vector<Campo> campi_;
+    std::vector<int> gruppo_; // group of each field
     std::vector<Insieme> gruppi_;
-    QHash<QString, int> perContenuto_;
+    std::unordered_map<Vista, int> perContenuto_;
 };
 
 } // namespace
