@@ -6,20 +6,20 @@ namespace tavolet::cli {
 
 namespace {
 
-const Registra riscrivi({{"estratto", "riscrivi"},
-                         "IN OUT",
-                         "copia IN in OUT, lo legge e lo salva come fa Pregeo dopo una modifica",
-                         2,
-                         [](Contesto& c) {
-                             const QString in = PercorsoArgomento(c.argomenti[0]);
-                             const QString out = PercorsoArgomento(c.argomenti[1]);
-                             if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"),
-                                              [&] { CopiaFile(in, out); }))
-                                 return 1;
-                             Estratto e = EsplodiEstratto(c.stato, out);
-                             SalvaEstratto1(c.stato, e);
-                             return 0;
-                         }});
+const Registra riscrivi(
+    {{"estratto", "riscrivi"},
+     "IN OUT",
+     "copia IN in OUT, poi lo legge e lo riscrive: vertici ordinati e rinumerati, aree",
+     2,
+     [](Contesto& c) {
+         const QString in = PercorsoArgomento(c.argomenti[0]);
+         const QString out = PercorsoArgomento(c.argomenti[1]);
+         if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"), [&] { CopiaFile(in, out); }))
+             return 1;
+         Estratto e = EsplodiEstratto(c.stato, out);
+         SalvaEstratto1(c.stato, e);
+         return 0;
+     }});
 
 const Registra pulisci({{"estratto", "pulisci"},
                         "FILE",
