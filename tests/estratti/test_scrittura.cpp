@@ -47,6 +47,9 @@ TEST_F(Scrittura, SoloLaRigaZero) {
     // Reading reports the missing vertices; the save still writes row 0 and an empty line.
     EXPECT_EQ(Ciclo({kTesta}), Righe({kTesta, ""}));
     EXPECT_EQ(piattaforma.Messaggi().size(), 1);
+    // A self-made head is written as it was, though its age was counted from 2009.
+    const QString autoallestito = "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|";
+    EXPECT_EQ(Ciclo({autoallestito, "8|1%|0|0|"}), Righe({autoallestito, "8|1%|0|0|", ""}));
 }
 
 TEST_F(Scrittura, DieciEUndiciIdPerRiga) {
