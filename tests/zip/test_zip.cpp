@@ -186,3 +186,29 @@ TEST_F(Zip, UnzipLoAccettaERestituisceIByte) {
         EXPECT_EQ(p.readAllStandardOutput(), byte) << nome.toStdString();
     }
 }
+
+TEST_F(Zip, ComandoZipConCommento) {
+    if (!QFile::exists("/usr/bin/unzip")) GTEST_SKIP() << "unzip is not installed";
+    Scrivi("A.EMP", "8|1%|0|0|\r\n");
+    Scrivi("A.PNG", QByteArray(5000, '\x7f'));
+    Scrivi("vecchio.zip", "non un archivio");
+    QProcess cli;
+    cli.start(TAVOLET_CLI,
+              {"zip", P("vecchio.zip"), P("A.EMP"), "--commento", "Estratto A", P("A.PNG")});
+    ASSERT_TRUE(cli.waitForFinished(30000));
+    EXPECT_EQ(cli.exitCode(), 0) << cli.readAllStandardError().constData();
+    QProcess unzip;
+    unzip.start("/usr/bin/unzip", {"-l", P("vecchio.zip")});
+    ASSERT_TRUE(unzip.waitForFinished(30000));
+    const QString elenco = QString::fromLocal8Bit(unzip.readAll());
+    EXPECT_EQ(unzip.exitCode(), 0);
+    EXPECT_TRUE(elenco.contains("Estratto A")) << elenco.toStdString();
+    EXPECT_TRUE(elenco.contains("A.EMP") && elenco.contains("A.PNG") && elenco.contains("2 files"));
+
+    // A member that is not there: nothing is written, exit status 1.
+    QProcess manca;
+    manca.start(TAVOLET_CLI, {"zip", P("nuovo.zip"), P("manca.txt")});
+    ASSERT_TRUE(manca.waitForFinished(30000));
+    EXPECT_EQ(manca.exitCode(), 1);
+    EXPECT_FALSE(QFile::exists(P("nuovo.zip")));
+}
