@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ambiente.h"
+#include "comandi.h"
 #include "documento.h"
 #include "errore.h"
 #include "file_testo.h"

@@ -13,6 +13,7 @@ namespace tavolet {
 enum class Icona { Nessuna, Informazione, Avviso, Critico, Domanda };
 enum class Risposta { Ok, Si, No, Annulla };
 enum class Pulsanti { SiNo, SiNoAnnulla, OkAnnulla };
+enum class LuogoCollegamento { Desktop, MenuProgrammi };
 
 // A font as the settings file keeps it; the logic has no font type of its own.
 struct Carattere {
@@ -47,7 +48,15 @@ public:
     virtual int AvviaEAttendi(const QString& programma, const QStringList& argomenti) = 0;
     // Terminates every process of that name (case ignored); returns how many ended.
     virtual int TerminaProcessi(const QString& nome) = 0;
+    // A file opens with its default program; an address that begins "http" in the browser.
     virtual bool ApriConProgramma(const QString& percorso) = 0;
+    // A shortcut (a launcher off Windows) named nome in the user's desktop or programs menu,
+    // to a program or to a folder; both given in Windows form.
+    virtual bool CreaCollegamento(LuogoCollegamento luogo, const QString& nome,
+                                  const QString& destinazione) = 0;
+    // Sends a text to the printer the operator chooses; false when cancelled.
+    virtual bool StampaTesto(const QString& titolo, const QString& testo,
+                             const Carattere& carattere) = 0;
     virtual QDateTime Adesso() = 0;
     // True when another instance of the program is already running.
     virtual bool AltraIstanza() = 0;

@@ -80,4 +80,17 @@ bool PiattaformaFinta::ApriConProgramma(const QString& percorso) {
     return true;
 }
 
+bool PiattaformaFinta::CreaCollegamento(LuogoCollegamento luogo, const QString& nome,
+                                        const QString& destinazione) {
+    const QString dove = luogo == LuogoCollegamento::Desktop ? QStringLiteral("Desktop")
+                                                             : QStringLiteral("Programmi");
+    Registra({QStringLiteral("collegamento"), dove + u'|' + nome, destinazione});
+    return true;
+}
+
+bool PiattaformaFinta::StampaTesto(const QString& titolo, const QString& testo, const Carattere&) {
+    Registra({QStringLiteral("stampa"), titolo, testo});
+    return stampanteScelta;
+}
+
 } // namespace tavolet

@@ -12,7 +12,7 @@ namespace tavolet {
 
 struct Evento {
     QString tipo; // "messaggio", "domanda", "apri", "salva", "carattere", "avvia", "termina",
-                  // "apriconprogramma"
+                  // "apriconprogramma", "collegamento", "stampa"
     QString titolo;
     QString testo;
     Icona icona = Icona::Nessuna;
@@ -32,6 +32,7 @@ public:
     QStringList processiAttivi; // names that TerminaProcessi can end
     QList<int> codiciUscita;    // exit codes of the programs started, in order
     bool altraIstanza = false;
+    bool stampanteScelta = true;           // false: the print dialog is cancelled
     std::optional<Risposta> rispostaFissa; // answers every question (--si, --no)
     QList<Evento> eventi;
     // Called on every message and question (the command line prints them).
@@ -57,6 +58,10 @@ public:
     int AvviaEAttendi(const QString& programma, const QStringList& argomenti) override;
     int TerminaProcessi(const QString& nome) override;
     bool ApriConProgramma(const QString& percorso) override;
+    bool CreaCollegamento(LuogoCollegamento luogo, const QString& nome,
+                          const QString& destinazione) override;
+    bool StampaTesto(const QString& titolo, const QString& testo,
+                     const Carattere& carattere) override;
     QDateTime Adesso() override { return adesso; }
     bool AltraIstanza() override { return altraIstanza; }
 

@@ -4,6 +4,7 @@
 #include "piattaforma.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -34,6 +35,8 @@ private:
     QList<bool> selezione_;
     int corrente_ = -1;
 };
+
+struct Stato;
 
 struct Documento {
     QString TestoLibretto;
@@ -84,6 +87,12 @@ struct Ambiente {
     double PiGreco = 0, GradiPerRadiante = 0, RadiantiPerGrado = 0;
 };
 
+// How the editor reads and stores the text of one of its modes.
+struct GestoreEditor {
+    std::function<QString(Stato&)> leggi;
+    std::function<void(Stato&, const QString&)> memorizza;
+};
+
 struct Stato {
     explicit Stato(Piattaforma& p) : piattaforma(&p) {}
     Piattaforma* piattaforma;
@@ -92,6 +101,8 @@ struct Stato {
     Ambiente amb;
     QString TagRoutine;
     int EsitoDialogo = -1;
+    int ModoEditor = 0;                     // 381, 382, 383 while the editor is open
+    QMap<int, GestoreEditor> GestoriEditor; // modes 382 and 383, installed by their owners
     int ErroriMostrati = 0; // how many error reports were shown (the command line's exit code)
     // Replaces the survey part of the document by the rows of an .LXB companion. Installed by
     // the row regrouping (it lives above core); a load without it ignores the companion.

@@ -1,14 +1,21 @@
 #include "BV_LibrettoOriginale.h"
 
+#include "BV_EditorGen.h"
+#include "FormRiordinoRighe.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
+#include "posizione.h"
+#include "riordino.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFontDatabase>
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,15 +23,49 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
 namespace tavolet {
 
 namespace {
+
 const QString kNomeForm = QStringLiteral("BV_LibrettoOriginale");
-}
+
+struct DefinizionePulsante {
+    int indice;
+    const char* caption;
+    const char* hint;
+};
+
+// The command buttons by their index; those without a hint here have none on the form.
+const DefinizionePulsante kPulsanti[] = {
+    {4, "Salva", "Salva Libretto"},
+    {10, "Nuovo", "Nuovo Libretto Vuoto"},
+    {16, "Modifica", "Modifica Diretta del Libretto"},
+    {14, "Ordina", "Riordino Righe"},
+    {17, "Censuario", "Compila Censuario/Archivio Particelle"},
+    {18, "Estratti", "Gestione Estratti di Mappa"},
+    {5, "[VRS] -", "ELIMINA [VRS]"},
+    {11, "[VRS] +", "Assegna [VRS]"},
+    {27, "Stazioni", ""},
+    {28, "PF", ""},
+    {30, "Inverti", ""},
+    {31, "Copia", "Copia negli Appunti di Windows"},
+    {6, "Pregeo", "Attiva Pregeo"},
+    {20, "&Salva in Pregeo", ""},
+    {25, "Utility", "Utilità Catastali"},
+    {7, "Configura Provincia di Pregeo", ""},
+    {1, "P. Importa", ""},
+    {3, "Stampa", ""},
+    {9, "Da File", ""},
+    {21, "Da Pregeo", ""},
+    {22, "Importa Da Estratto", ""},
+    {23, "Kill Pregeo", ""},
+    {24, "Trova nel Libretto :", ""},
+};
+
+} // namespace
 
 BV_LibrettoOriginale::BV_LibrettoOriginale(Stato& stato, QWidget* parent)
     : QMainWindow(parent), stato_(stato) {
@@ -35,30 +76,147 @@ BV_LibrettoOriginale::BV_LibrettoOriginale(Stato& stato, QWidget* parent)
     resize(1280, 800);
 }
 
-void BV_LibrettoOriginale::CostruisciMenu() {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("     &File    "));
-    file->addAction(QStringLiteral("&Salva"), this, [this] { Salva(); });
-    file->addAction(QStringLiteral("Esporta Libretto"), this, [this] {
-        LeggiSelezione();
-        AggiornaLibrettoMisure(stato_);
-        EsportaLibrettoInFile(stato_);
-    });
-    file->addSeparator();
-    file->addAction(QStringLiteral("Chiudi"), this, [this] { close(); });
-    QMenu* modifica = menuBar()->addMenu(QStringLiteral("Modifica Libretto"));
-    modifica->addAction(QStringLiteral("Incolla da Appunti"), this, [this] {
-        IncollaDaAppunti(stato_);
-        MostraDocumento();
-    });
+QAction* BV_LibrettoOriginale::NuovaVoce(QMenu* menu, const QString& caption,
+                                         std::function<void()> azione) {
+    QAction* a = menu->addAction(caption);
+    // Items without an action stay in the menu and do nothing.
+    if (azione) connect(a, &QAction::triggered, this, [azione] { azione(); });
+    return a;
 }
 
-QPushButton* BV_LibrettoOriginale::NuovoPulsante(QGridLayout* griglia, int riga, int colonna,
-                                                 const QString& caption, const QString& hint) {
-    auto* b = new QPushButton(caption);
-    b->setToolTip(hint);
-    b->setMinimumHeight(30);
-    griglia->addWidget(b, riga, colonna);
-    return b;
+void BV_LibrettoOriginale::CostruisciMenu() {
+    QMenuBar* barra = menuBar();
+    QMenu* file = barra->addMenu(QStringLiteral("     &File    "));
+    NuovaVoce(file, QStringLiteral("Nuovo Libretto"), [this] { NuovoLibretto(); });
+    NuovaVoce(file, QStringLiteral("Apri Libretto da Pregeo"));
+    NuovaVoce(file, QStringLiteral("Apri Libretto da File"));
+    NuovaVoce(file, QStringLiteral("Ripristina da Archivio Libretti"));
+    file->addSeparator();
+    NuovaVoce(file, QStringLiteral("&Salva"),
+              [this] { Comando([this] { SalvaLibrettoMisure(stato_); }); });
+    NuovaVoce(file, QStringLiteral("Esporta Libretto"), [this] {
+        Comando([this] {
+            AggiornaLibrettoMisure(stato_);
+            EsportaLibrettoInFile(stato_);
+        });
+    });
+    NuovaVoce(file, QStringLiteral("Stampa Libretto"));
+    file->addSeparator();
+    NuovaVoce(file, QStringLiteral("Seleziona Font"), [this] {
+        if (const auto c = SelezionaCarattere(stato_, CarattereDa(righe_->font())))
+            righe_->setFont(FontDa(*c));
+    });
+    NuovaVoce(file, QStringLiteral("Kill Pregeo"), [this] { KillPregeo(stato_); });
+    file->addSeparator();
+    NuovaVoce(file, QStringLiteral("Chiudi"), [this] { close(); });
+
+    QMenu* modifica = barra->addMenu(QStringLiteral("Modifica Libretto"));
+    NuovaVoce(modifica, QStringLiteral("Modifica Diretta"), [this] { subModificaDiretta(); });
+    NuovaVoce(modifica, QStringLiteral("Riordino Righe"),
+              [this] { Comando([this] { subRiordinoRighe(stato_); }); });
+    NuovaVoce(modifica, QStringLiteral("Modello Censuario"), [this] { subModelloCensuario(); });
+    NuovaVoce(modifica, QStringLiteral("Riga 0-9"));
+    NuovaVoce(modifica, QStringLiteral("Relazione Tecnica"));
+    NuovaVoce(modifica, QStringLiteral("Importa Fiduciali da TAF"), [this] { ApriTaf(); });
+    NuovaVoce(modifica, QStringLiteral("Importa Fiduciali da Estratto"));
+    NuovaVoce(modifica, QStringLiteral("Incolla da Appunti"),
+              [this] { Comando([this] { IncollaDaAppunti(stato_); }); });
+
+    QMenu* cambia = barra->addMenu(QStringLiteral("Cambia"));
+    NuovaVoce(cambia, QStringLiteral("Descrizione"), [this] { AssegnaDescrizione(); });
+    NuovaVoce(cambia, QStringLiteral("Seleziona Stazioni"),
+              [this] { Comando([this] { SelezionaTipi(stato_, {1}); }); });
+    NuovaVoce(cambia, QStringLiteral("Seleziona Squadri"), [this] {
+        Comando([this] { SelezionaTipi(stato_, {4, 5}); });
+    });
+    NuovaVoce(cambia, QStringLiteral("Seleziona Contorni"),
+              [this] { Comando([this] { SelezionaTipi(stato_, {7}); }); });
+
+    QMenu* excel = barra->addMenu(QStringLiteral("Da Excel"));
+    NuovaVoce(excel, QStringLiteral("Righe 8 - (P, N, E)"),
+              [this] { Comando([this] { IncollaDaExcel(stato_, DaExcel::Righe8PNE); }); });
+    NuovaVoce(excel, QStringLiteral("Righe 8 Nome Auto (N, E)"),
+              [this] { Comando([this] { IncollaDaExcel(stato_, DaExcel::Righe8NomeAuto); }); });
+    NuovaVoce(excel, QStringLiteral("Righe Complete"),
+              [this] { Comando([this] { IncollaDaExcel(stato_, DaExcel::RigheComplete); }); });
+
+    QAction* sarvento = barra->addAction(QStringLiteral("Sarvento"));
+    connect(sarvento, &QAction::triggered, this,
+            [this] { AvviaProgrammaSarvento(stato_, kSarquad); });
+
+    QMenu* utilita = barra->addMenu(QStringLiteral("Utilità"));
+    NuovaVoce(utilita, QStringLiteral("Archivia Libretti"), [this] { ComandoUtilita("Unarvo2"); });
+    NuovaVoce(utilita, QStringLiteral("Grafica Pregeo > DXF"), [this] { ApriDaPregeoDxf(); });
+    NuovaVoce(utilita, QStringLiteral("Crea Collegamenti Pregeo"),
+              [this] { CreaCollegamentiPregeo(stato_); });
+    NuovaVoce(utilita, QStringLiteral("Info Misurate PF"), [this] { InfoMisuratePF(); });
+    NuovaVoce(utilita, QStringLiteral("Ricarica da Storico"));
+
+    QAction* estratti = barra->addAction(QStringLiteral("Estratti di Mappa"));
+    connect(estratti, &QAction::triggered, this, [this] { ApriEstratti(); });
+
+    QMenu* tipologie = barra->addMenu(QStringLiteral("Tipologie Automatizzate"));
+    QMenu* casistiche = tipologie->addMenu(QStringLiteral("Casistiche"));
+    casistiche->setObjectName(QStringLiteral("mnuTipologie1"));
+    NuovaVoce(casistiche, QStringLiteral("Casistica 08"));
+    NuovaVoce(casistiche, QStringLiteral("Casistica 1000"));
+    tipologie->addSeparator();
+    NuovaVoce(tipologie, QStringLiteral("Informazioni generali - operative - garanzie"), [this] {
+        stato_.piattaforma->Messaggio(
+            TestoInformazioniCasistiche(),
+            QStringLiteral("Informazioni generali - operative - garanzie"), Icona::Informazione);
+    });
+    NuovaVoce(tipologie, QStringLiteral("Libretto per coordinate da Elaborazione Pregeo"),
+              [this] { Comando([this] { LibrettoPerCoordinate(stato_); }); });
+
+    QMenu* info = barra->addMenu(QStringLiteral("&?"));
+    info->setObjectName(QStringLiteral("MnenuInfo"));
+    NuovaVoce(info, QStringLiteral("Configurazione"), [this] {
+        stato_.piattaforma->Messaggio(TestoConfigurazione(stato_), QStringLiteral("Configurazione"),
+                                      Icona::Informazione);
+    });
+    NuovaVoce(info, QStringLiteral("Autore"), [this] {
+        stato_.piattaforma->Messaggio(QStringLiteral("Tavolet V 5.00 - L'Evoluzione") + CRLF +
+                                          QStringLiteral("Libretto delle misure per Pregeo") +
+                                          CRLF + QStringLiteral("Scritto dagli autori di Tavolet."),
+                                      QStringLiteral("Autore"), Icona::Informazione);
+    });
+    NuovaVoce(info, QStringLiteral("@ WEB"),
+              [this] { stato_.piattaforma->ApriConProgramma(kIndirizzoWeb); });
+}
+
+void BV_LibrettoOriginale::CostruisciPulsanti(QGridLayout* griglia) {
+    int n = 0;
+    for (const DefinizionePulsante& d : kPulsanti) {
+        auto* b = new QPushButton(QString::fromUtf8(d.caption));
+        b->setObjectName(QStringLiteral("Command%1").arg(d.indice));
+        b->setToolTip(QString::fromUtf8(d.hint));
+        b->setAutoDefault(false);
+        b->setMinimumHeight(28);
+        b->installEventFilter(this);
+        griglia->addWidget(b, n / 3, n % 3);
+        pulsanti_.insert(d.indice, b);
+        ++n;
+    }
+    pulsanti_[7]->setToolTip(QStringLiteral("Configura Provincia di Pregeo"));
+    auto collega = [this](int i, std::function<void()> f) {
+        connect(pulsanti_[i], &QPushButton::clicked, this, [f] { f(); });
+    };
+    collega(4, [this] { Comando([this] { SalvaLibrettoMisure(stato_); }); });
+    collega(5, [this] { Comando([this] { VrsMeno(stato_); }); });
+    collega(11, [this] { Comando([this] { VrsPiu(stato_); }); });
+    collega(6, [this] { AvviaProgrammaSarvento(stato_, kDexaro); });
+    collega(20, [this] { AvviaProgrammaSarvento(stato_, kSarquad); });
+    collega(10, [this] { NuovoLibretto(); });
+    collega(14, [this] { Ordina(); });
+    collega(16, [this] { subModificaDiretta(); });
+    collega(17, [this] { subModelloCensuario(); });
+    collega(18, [this] { ApriEstratti(); });
+    collega(25, [this] { pannelloUtilita_->setVisible(true); });
+    collega(27, [this] { Comando([this] { SelezionaStazioni(stato_); }); });
+    collega(28, [this] { Comando([this] { SelezionaPF(stato_); }); });
+    collega(30, [this] { Comando([this] { InvertiSelezione(stato_); }); });
+    collega(31, [this] { Comando([this] { CopiaLibretto(stato_); }); });
 }
 
 void BV_LibrettoOriginale::CostruisciPannelli() {
@@ -66,7 +224,7 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     auto* orizzontale = new QHBoxLayout(centro);
     orizzontale->setContentsMargins(6, 6, 6, 6);
 
-    // The row list fills the form, below a strip of 30 units with the counter.
+    // The row list fills the form, below a strip of 30 units with the file and the counter.
     auto* sinistra = new QVBoxLayout;
     auto* striscia = new QHBoxLayout;
     nomeFile_ = new QLabel;
@@ -91,6 +249,7 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     orizzontale->addLayout(sinistra, 1);
 
     auto* destra = new QVBoxLayout;
+    destra->setContentsMargins(0, 0, 0, 0);
     auto* datiBox = new QGroupBox(QStringLiteral("Dati del Libretto"));
     auto* dati = new QGridLayout(datiBox);
     estratto_ = new QLabel;
@@ -102,7 +261,7 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     codiceFiscale_->setObjectName(QStringLiteral("CodiceFiscaleTecnico"));
     possessori_ = new QPlainTextEdit;
     possessori_->setObjectName(QStringLiteral("TestoPossessori"));
-    possessori_->setMinimumHeight(120);
+    possessori_->setMinimumHeight(80);
     dati->addWidget(estratto_, 0, 0, 1, 2);
     dati->addWidget(misurate_, 1, 0, 1, 2);
     dati->addWidget(new QLabel(QStringLiteral("N. Iscrizione Albo")), 2, 0);
@@ -112,18 +271,50 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     dati->addWidget(new QLabel(QStringLiteral("Possessori")), 4, 0, 1, 2);
     dati->addWidget(possessori_, 5, 0, 1, 2);
     dati->addWidget(versione_, 6, 0, 1, 2);
-    destra->addWidget(datiBox);
+    destra->addWidget(datiBox, 2);
 
     auto* comandiBox = new QGroupBox(QStringLiteral("Libretto"));
     comandiBox->setObjectName(QStringLiteral("PannelloComandi"));
     auto* comandi = new QGridLayout(comandiBox);
-    connect(NuovoPulsante(comandi, 0, 0, QStringLiteral("Salva"), QStringLiteral("Salva Libretto")),
-            &QPushButton::clicked, this, [this] { Salva(); });
+    comandi->setSpacing(4);
+    CostruisciPulsanti(comandi);
     destra->addWidget(comandiBox);
-    destra->addStretch(1);
+
+    // The utility panel shows over the save options while it is open.
+    pannelloUtilita_ = new QFrame;
+    pannelloUtilita_->setObjectName(QStringLiteral("ButtonPlus2"));
+    pannelloUtilita_->setFrameShape(QFrame::StyledPanel);
+    auto* utilita = new QGridLayout(pannelloUtilita_);
+    utilita->setSpacing(4);
+    int n = 0;
+    for (const PulsanteUtilita& u : PulsantiUtilita()) {
+        auto* b = new QPushButton(u.caption);
+        b->setObjectName(QStringLiteral("ButtonPlus2_%1").arg(u.indice));
+        b->setToolTip(u.hint);
+        b->setAutoDefault(false);
+        const QString tag = u.tag;
+        connect(b, &QPushButton::clicked, this, [this, tag] { ComandoUtilita(tag); });
+        utilita->addWidget(b, n / 2, n % 2);
+        ++n;
+    }
+    pannelloUtilita_->setVisible(false);
+    destra->addWidget(pannelloUtilita_);
+
+    auto* opzioniBox = new QGroupBox(QStringLiteral("Opzioni di Salvataggio in Pregeo"));
+    auto* opzioniLayout = new QVBoxLayout(opzioniBox);
+    opzioni_ = new QListWidget;
+    opzioni_->setObjectName(QStringLiteral("OpzioniSalvataggio"));
+    for (const QString& o : tavolet::OpzioniSalvataggio()) {
+        auto* voce = new QListWidgetItem(o, opzioni_);
+        voce->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        voce->setCheckState(Qt::Checked);
+    }
+    opzioniLayout->addWidget(opzioni_);
+    destra->addWidget(opzioniBox, 3);
+
     auto* pannello = new QWidget;
     pannello->setLayout(destra);
-    pannello->setFixedWidth(360);
+    pannello->setFixedWidth(440);
     orizzontale->addWidget(pannello);
     setCentralWidget(centro);
 
@@ -138,6 +329,8 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
         LeggiSelezione();
         Righe_Indice();
     });
+    connect(righe_, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* voce) { DoppioClic(righe_->row(voce)); });
     connect(iscrizione_, &QLineEdit::textEdited, this,
             [this](const QString& t) { stato_.doc.NumeroIscrizioneAlbo = t; });
     connect(codiceFiscale_, &QLineEdit::textEdited, this, [this](const QString& t) {
@@ -163,17 +356,29 @@ QPushButton* BV_LibrettoOriginale::Pulsante(const QString& caption) const {
     return nullptr;
 }
 
+QAction* BV_LibrettoOriginale::Voce(const QString& menu, const QString& voce) const {
+    for (QAction* m : menuBar()->actions()) {
+        if (m->text() != menu) continue;
+        if (voce.isEmpty()) return m;
+        if (!m->menu()) return nullptr;
+        QList<QMenu*> daVedere{m->menu()};
+        while (!daVedere.isEmpty()) {
+            for (QAction* a : daVedere.takeFirst()->actions()) {
+                if (a->text() == voce) return a;
+                if (a->menu()) daVedere << a->menu();
+            }
+        }
+    }
+    return nullptr;
+}
+
 bool BV_LibrettoOriginale::Carica(const QString& rigaComando) {
     setWindowTitle(TitoloIniziale());
-    const QString x =
-        stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMx"), kNomeForm);
-    const QString y =
-        stato_.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMy"), kNomeForm);
-    const QString w = stato_.piattaforma->Impostazione(QStringLiteral("FORMx"), kNomeForm);
-    const QString h = stato_.piattaforma->Impostazione(QStringLiteral("FORMy"), kNomeForm);
-    if (!w.isEmpty() && !h.isEmpty() && w.toInt() > 200 && h.toInt() > 200)
-        resize(w.toInt(), h.toInt());
-    if (!x.isEmpty() && !y.isEmpty()) move(x.toInt(), y.toInt());
+    Piattaforma& p = *stato_.piattaforma;
+    const int w = p.Impostazione(QStringLiteral("FORMx"), kNomeForm).toInt();
+    const int h = p.Impostazione(QStringLiteral("FORMy"), kNomeForm).toInt();
+    if (w > 200 && h > 200 && w < 20000 && h < 20000) resize(w, h);
+    RipristinaPosizioneForm(this, stato_, kNomeForm);
     if (!AvvioProgramma(stato_, rigaComando)) return false;
     ApplicaCarattere();
     MostraDocumento();
@@ -209,6 +414,7 @@ void BV_LibrettoOriginale::MostraDati() {
     QString possessori = UCase(d.TestoPossessori);
     possessori.replace(CRLF, QStringLiteral("\n"));
     possessori_->setPlainText(possessori);
+    pulsanti_[7]->setText(stato_.testata.SiglaProvinciaLibretto);
     mostrando_ = false;
 }
 
@@ -230,12 +436,90 @@ void BV_LibrettoOriginale::Righe_Indice() {
     contatore_->setText(ContatoreRighe(stato_));
 }
 
-void BV_LibrettoOriginale::Salva() {
+void BV_LibrettoOriginale::Comando(const std::function<void()>& azione) {
     LeggiSelezione();
-    AggiornaLibrettoMisure(stato_);
-    SalvaLibrettoMisure(stato_);
+    azione();
     MostraDocumento();
 }
+
+void BV_LibrettoOriginale::NuovoLibretto() {
+    Comando([this] {
+        stato_.doc.TestoLibretto.clear();
+        stato_.doc.TestoPossessori.clear();
+        CaricaLibrettoInList1(stato_);
+    });
+    ApriConfigurazione();
+}
+
+void BV_LibrettoOriginale::Ordina() {
+    LeggiSelezione();
+    AggiornaLibrettoMisure(stato_);
+    FormRiordinoRighe::Esegui(stato_, this);
+    MostraDocumento();
+}
+
+void BV_LibrettoOriginale::subModificaDiretta() {
+    LeggiSelezione();
+    AggiornaLibrettoMisure(stato_);
+    BV_EditorGen::Esegui(stato_, kEditorLibretto, this);
+    MostraDocumento();
+}
+
+void BV_LibrettoOriginale::DoppioClic(int riga) {
+    if (riga < 0 || riga >= stato_.doc.RigheLibretto.Conta()) return;
+    LeggiSelezione();
+    const QString testo = stato_.doc.RigheLibretto.Riga(riga);
+    switch (AzioneDoppioClic(testo)) {
+    case AzioneRiga::Configurazione:
+        ApriConfigurazione();
+        break;
+    case AzioneRiga::DistanzePF:
+        DistanzePF(testo);
+        break;
+    case AzioneRiga::Editor:
+        subModificaDiretta();
+        break;
+    }
+    Righe_Indice();
+}
+
+void BV_LibrettoOriginale::Invio() {
+    const int riga = righe_->currentRow();
+    if (riga < 0 || riga >= stato_.doc.RigheLibretto.Conta()) return;
+    if (AzioneInvio(stato_.doc.RigheLibretto.Riga(riga)) == AzioneRiga::Configurazione)
+        ApriConfigurazione();
+    else
+        subModificaDiretta();
+}
+
+void BV_LibrettoOriginale::EliminaRighe() {
+    Comando([this] { EliminaRigheSelezionate(stato_); });
+    righe_->setFocus();
+}
+
+void BV_LibrettoOriginale::PulisciOpzioniSalvataggio() {
+    QList<bool> stati;
+    PulisciOpzioni(stati);
+    for (int i = 0; i < opzioni_->count(); ++i) opzioni_->item(i)->setCheckState(Qt::Unchecked);
+}
+
+void BV_LibrettoOriginale::SelezionaTutteOpzioni() {
+    QList<bool> stati;
+    SelezionaEMemorizzaOpzioni(stato_, stati);
+    for (int i = 0; i < opzioni_->count(); ++i) opzioni_->item(i)->setCheckState(Qt::Checked);
+}
+
+// The screens of these commands come with their own parts of the program.
+void BV_LibrettoOriginale::ApriConfigurazione() {}
+void BV_LibrettoOriginale::ApriEstratti() {}
+void BV_LibrettoOriginale::subModelloCensuario() {}
+void BV_LibrettoOriginale::ApriTaf() {}
+void BV_LibrettoOriginale::ApriDaPregeoDxf() {}
+void BV_LibrettoOriginale::AssegnaDescrizione() {}
+void BV_LibrettoOriginale::DistanzePF(const QString&) {}
+void BV_LibrettoOriginale::InfoMisuratePF() {}
+// Of the tags of the utility panel only CONFIGURA_PREGEO acts, on Pregeo's settings screen.
+void BV_LibrettoOriginale::ComandoUtilita(const QString&) {}
 
 void BV_LibrettoOriginale::Trascina(const QString& percorso) {
     if (TrascinaLibretto(stato_, percorso)) MostraDocumento();
@@ -264,10 +548,24 @@ bool BV_LibrettoOriginale::eventFilter(QObject* o, QEvent* e) {
                 d->acceptProposedAction();
                 return true;
             }
+        } else if (e->type() == QEvent::KeyPress && o == righe_) {
+            const int tasto = static_cast<QKeyEvent*>(e)->key();
+            if (tasto == Qt::Key_Delete) {
+                EliminaRighe();
+                return true;
+            }
+            if (tasto == Qt::Key_Return || tasto == Qt::Key_Enter) {
+                Invio();
+                return true;
+            }
         } else if (e->type() == QEvent::KeyRelease && o == righe_) {
             LeggiSelezione();
             Righe_Indice();
         }
+    } else if (e->type() == QEvent::Enter && qobject_cast<QPushButton*>(o) &&
+               o != pulsanti_.value(25)) {
+        // Moving over any other command button hides the utility panel.
+        pannelloUtilita_->setVisible(false);
     }
     return QMainWindow::eventFilter(o, e);
 }
@@ -276,6 +574,11 @@ void BV_LibrettoOriginale::changeEvent(QEvent* e) {
     if (e->type() == QEvent::ActivationChange && isActiveWindow() && !isMinimized()) {
         estratto_->setText(QStringLiteral("Estratto : ") + stato_.doc.NomeEstratto);
         Righe_Indice();
+        mostrando_ = true;
+        QString possessori = UCase(stato_.doc.TestoPossessori);
+        possessori.replace(CRLF, QStringLiteral("\n"));
+        if (possessori_->toPlainText() != possessori) possessori_->setPlainText(possessori);
+        mostrando_ = false;
     }
     QMainWindow::changeEvent(e);
 }
@@ -285,8 +588,7 @@ void BV_LibrettoOriginale::closeEvent(QCloseEvent* e) {
     Piattaforma& p = *stato_.piattaforma;
     AggiornaLibrettoMisure(stato_);
     stato_.doc.TestoPossessori = UCase(stato_.doc.TestoPossessori);
-    p.SalvaImpostazione(QStringLiteral("POSIZIONE_FORMx"), kNomeForm, QString::number(x()));
-    p.SalvaImpostazione(QStringLiteral("POSIZIONE_FORMy"), kNomeForm, QString::number(y()));
+    SalvaPosizioneForm(this, stato_, kNomeForm);
     p.SalvaImpostazione(QStringLiteral("FORMx"), kNomeForm, QString::number(width()));
     p.SalvaImpostazione(QStringLiteral("FORMy"), kNomeForm, QString::number(height()));
     SalvaLibrettoMisure(stato_);

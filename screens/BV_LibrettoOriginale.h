@@ -1,18 +1,20 @@
-// The main form: the rows of the libretto, its head data and its commands.
+// The main form: the rows of the libretto, its head data and every command on them.
 #pragma once
 
 #include "stato.h"
 
 #include <QMainWindow>
+#include <QMap>
 
+class QAction;
+class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QMimeData;
 class QPlainTextEdit;
 class QPushButton;
-class QGridLayout;
-class QMenu;
-class QMimeData;
 
 namespace tavolet {
 
@@ -27,14 +29,22 @@ public:
     void Righe_Indice();
     // Shows the rows and the data of the document again.
     void MostraDocumento();
-    // A file dropped on the row list (only the first file of a drop counts).
+    // A file dropped on the row list.
     void Trascina(const QString& percorso);
     // The files of a drop: the first one counts. False when there is no local file.
     bool TrascinaDati(const QMimeData* dati);
 
     QListWidget* Lista() const { return righe_; }
     QLabel* Contatore() const { return contatore_; }
+    // The command button of that index (the indices of the system's own form).
+    QPushButton* Pulsante(int indice) const { return pulsanti_.value(indice); }
     QPushButton* Pulsante(const QString& caption) const;
+    QAction* Voce(const QString& menu, const QString& voce) const;
+    QFrame* PannelloUtilita() const { return pannelloUtilita_; }
+    QListWidget* OpzioniSalvataggio() const { return opzioni_; }
+    // The two commands of the save options that have no control on the form.
+    void PulisciOpzioniSalvataggio();
+    void SelezionaTutteOpzioni();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -44,13 +54,32 @@ protected:
 private:
     void CostruisciMenu();
     void CostruisciPannelli();
-    QPushButton* NuovoPulsante(QGridLayout* griglia, int riga, int colonna, const QString& caption,
-                               const QString& hint);
+    void CostruisciPulsanti(QGridLayout* griglia);
+    QAction* NuovaVoce(QMenu* menu, const QString& caption, std::function<void()> azione = {});
     void MostraRighe();
     void MostraDati();
     void LeggiSelezione();
-    void Salva();
+    // Runs a command on the document and shows the document again.
+    void Comando(const std::function<void()>& azione);
     void ApplicaCarattere();
+    void DoppioClic(int riga);
+    void Invio();
+    void EliminaRighe();
+    void NuovoLibretto();
+    void Ordina();
+    void subModificaDiretta();
+
+    // Commands whose screens belong to other parts of the program: each is the one place
+    // where that screen is opened from here.
+    void ApriConfigurazione();
+    void ApriEstratti();
+    void subModelloCensuario();
+    void ApriTaf();
+    void ApriDaPregeoDxf();
+    void AssegnaDescrizione();
+    void DistanzePF(const QString& riga);
+    void InfoMisuratePF();
+    void ComandoUtilita(const QString& tag);
 
     Stato& stato_;
     QListWidget* righe_ = nullptr;
@@ -62,6 +91,9 @@ private:
     QLineEdit* iscrizione_ = nullptr;
     QLineEdit* codiceFiscale_ = nullptr;
     QPlainTextEdit* possessori_ = nullptr;
+    QFrame* pannelloUtilita_ = nullptr;
+    QListWidget* opzioni_ = nullptr;
+    QMap<int, QPushButton*> pulsanti_;
     bool mostrando_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "FormRiordinoRighe.h"
 
+#include "posizione.h"
+
 #include "documento.h"
 
 #include <QFont>
@@ -106,7 +108,7 @@ FormRiordinoRighe::FormRiordinoRighe(Stato& stato, QWidget* parent)
     for (int c = 0; c < 4; ++c) griglia->setColumnStretch(c, 1);
 
     resize(1180, 760);
-    RipristinaPosizione(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kNomeForm);
 }
 
 int FormRiordinoRighe::Esegui(Stato& stato, QWidget* parent) {
@@ -145,24 +147,8 @@ void FormRiordinoRighe::Annulla() {
 }
 
 void FormRiordinoRighe::done(int r) {
-    SalvaPosizione(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kNomeForm);
     QDialog::done(r);
-}
-
-void FormRiordinoRighe::RipristinaPosizione(QWidget* form, Stato& stato, const QString& nome) {
-    bool okX = false, okY = false;
-    const int x =
-        stato.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMx"), nome).toInt(&okX);
-    const int y =
-        stato.piattaforma->Impostazione(QStringLiteral("POSIZIONE_FORMy"), nome).toInt(&okY);
-    if (okX && okY) form->move(x, y);
-}
-
-void FormRiordinoRighe::SalvaPosizione(const QWidget* form, Stato& stato, const QString& nome) {
-    stato.piattaforma->SalvaImpostazione(QStringLiteral("POSIZIONE_FORMx"), nome,
-                                         QString::number(form->x()));
-    stato.piattaforma->SalvaImpostazione(QStringLiteral("POSIZIONE_FORMy"), nome,
-                                         QString::number(form->y()));
 }
 
 } // namespace tavolet

@@ -29,10 +29,6 @@ public:
     QListWidget* Lista(Gruppo g) const { return liste_.at(g); }
     QPushButton* PulsanteElimina(int indice) const { return elimina_.at(indice); }
 
-    // Position of a form in the settings, by its name.
-    static void RipristinaPosizione(QWidget* form, Stato& stato, const QString& nome);
-    static void SalvaPosizione(const QWidget* form, Stato& stato, const QString& nome);
-
 protected:
     void showEvent(QShowEvent* e) override;
     void done(int r) override;

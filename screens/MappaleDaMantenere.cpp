@@ -1,4 +1,5 @@
 #include "MappaleDaMantenere.h"
+#include "posizione.h"
 
 #include "FormRiordinoRighe.h"
 #include "testo.h"
@@ -55,7 +56,7 @@ MappaleDaMantenere::MappaleDaMantenere(Stato& stato, SceltaMappali& scelta, QWid
     colonna->addLayout(liste);
     colonna->addLayout(pulsanti);
     resize(760, 320);
-    FormRiordinoRighe::RipristinaPosizione(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kNomeForm);
 }
 
 void MappaleDaMantenere::ConfermaMappali() {
@@ -68,7 +69,7 @@ void MappaleDaMantenere::ConfermaMappali() {
 }
 
 void MappaleDaMantenere::done(int r) {
-    FormRiordinoRighe::SalvaPosizione(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kNomeForm);
     QDialog::done(r);
 }
 

@@ -1,4 +1,5 @@
 #include "SelezionaMappali.h"
+#include "posizione.h"
 
 #include "FormRiordinoRighe.h"
 
@@ -49,7 +50,7 @@ SelezionaMappali::SelezionaMappali(Stato& stato, SceltaMappali& scelta, QWidget*
     colonna->addWidget(lista_);
     colonna->addLayout(pulsanti);
     resize(760, 420);
-    FormRiordinoRighe::RipristinaPosizione(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kNomeForm);
 }
 
 void SelezionaMappali::Conferma() {
@@ -66,7 +67,7 @@ void SelezionaMappali::Conferma() {
 }
 
 void SelezionaMappali::done(int r) {
-    FormRiordinoRighe::SalvaPosizione(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kNomeForm);
     QDialog::done(r);
 }
 

@@ -10,9 +10,12 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QProcess>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTextDocument>
 #include <QUrl>
 
 #include <csignal>
@@ -183,7 +186,72 @@ int PiattaformaQt::TerminaProcessi(const QString& nome) {
 }
 
 bool PiattaformaQt::ApriConProgramma(const QString& percorso) {
+    if (percorso.startsWith(QStringLiteral("http"), Qt::CaseInsensitive))
+        return QDesktopServices::openUrl(QUrl(percorso));
     return QDesktopServices::openUrl(QUrl::fromLocalFile(PercorsoLocale(percorso)));
+}
+
+bool PiattaformaQt::CreaCollegamento(LuogoCollegamento luogo, const QString& nome,
+                                     const QString& destinazione) {
+#ifdef Q_OS_WIN
+    // A shell shortcut through the scripting host, as Windows makes them.
+    const QString cartella =
+        luogo == LuogoCollegamento::Desktop
+            ? QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)
+            : QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
+    const QString lnk = QDir::toNativeSeparators(cartella + u'/' + nome + QStringLiteral(".lnk"));
+    const QString script =
+        QStringLiteral("$s=(New-Object -ComObject WScript.Shell).CreateShortcut('%1');"
+                       "$s.TargetPath='%2';$s.Save()")
+            .arg(lnk, destinazione);
+    return QProcess::execute(QStringLiteral("powershell"),
+                             {QStringLiteral("-NoProfile"), QStringLiteral("-Command"), script}) ==
+           0;
+#else
+    // A launcher of the desktop: the program through Wine on the same root, the folder as a link.
+    const QString cartella =
+        luogo == LuogoCollegamento::Desktop
+            ? QDir::homePath() + QStringLiteral("/Desktop")
+            : QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
+    QDir().mkpath(cartella);
+    const QString locale = PercorsoLocale(destinazione);
+    QString voce = QStringLiteral("[Desktop Entry]\nName=") + nome + u'\n';
+    if (QFileInfo(locale).isDir() ||
+        !destinazione.endsWith(QStringLiteral(".EXE"), Qt::CaseInsensitive)) {
+        voce += QStringLiteral("Type=Link\nURL=") + QUrl::fromLocalFile(locale).toString() + u'\n';
+    } else {
+        // A backslash inside a quoted argument of Exec is written four times.
+        QString win = destinazione;
+        win.replace(u'\\', QStringLiteral("\\\\\\\\"));
+        voce += QStringLiteral("Type=Application\nExec=env WINEPREFIX=\"") + Radice() +
+                QStringLiteral("\" wine \"") + win + QStringLiteral("\"\nPath=") +
+                QFileInfo(locale).path() + QStringLiteral("\nTerminal=false\n");
+    }
+    QString file = nome;
+    file.replace(u'/', u'_');
+    QFile f(cartella + u'/' + file + QStringLiteral(".desktop"));
+    if (!f.open(QIODevice::WriteOnly)) return false;
+    f.write(voce.toUtf8());
+    f.close();
+    f.setPermissions(f.permissions() | QFileDevice::ExeOwner | QFileDevice::ExeUser);
+    return true;
+#endif
+}
+
+bool PiattaformaQt::StampaTesto(const QString& titolo, const QString& testo,
+                                const Carattere& carattere) {
+    QPrinter stampante;
+    stampante.setDocName(titolo);
+    QPrintDialog dialogo(&stampante, finestra_);
+    dialogo.setWindowTitle(titolo);
+    if (dialogo.exec() != QDialog::Accepted) return false;
+    QTextDocument documento;
+    documento.setDefaultFont(FontDa(carattere));
+    QString semplice = testo;
+    semplice.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    documento.setPlainText(semplice);
+    documento.print(&stampante);
+    return true;
 }
 
 bool PiattaformaQt::AltraIstanza() {

@@ -32,6 +32,10 @@ public:
     int AvviaEAttendi(const QString& programma, const QStringList& argomenti) override;
     int TerminaProcessi(const QString& nome) override;
     bool ApriConProgramma(const QString& percorso) override;
+    bool CreaCollegamento(LuogoCollegamento luogo, const QString& nome,
+                          const QString& destinazione) override;
+    bool StampaTesto(const QString& titolo, const QString& testo,
+                     const Carattere& carattere) override;
     QDateTime Adesso() override { return QDateTime::currentDateTime(); }
     bool AltraIstanza() override;
 
