@@ -271,6 +271,11 @@ bool ComandoTag(Stato& stato, const QString& rigaComando) {
     ConTrappola(stato, QStringLiteral("COMANDOTAG_1"), [&] {
         QString comando = UCase(QString(rigaComando).remove(u'"'));
         if (Trim(comando).isEmpty()) return;
+        static const QStringList estratti = {".EMP", ".PNG", ".DXF", ".ZIP"};
+        if (!comando.contains(u'|') && estratti.contains(Right(comando, 4))) {
+            if (stato.DrageDrop) stato.DrageDrop(stato, comando);
+            return;
+        }
         if (comando.contains(u'|')) {
             // path|COMMAND|argument: the libretto of field 0 is loaded.
             comando = Split(comando + QStringLiteral("|||||"), QStringLiteral("|"))[0];

@@ -107,6 +107,9 @@ struct Stato {
     // Replaces the survey part of the document by the rows of an .LXB companion. Installed by
     // the row regrouping (it lives above core); a load without it ignores the companion.
     std::function<void(Stato&, const QString& testoLxb)> SostituisciRilievoDaLxb;
+    // Copies a map extract (.EMP, .PNG, .ZIP) named on the command line into Pregeo's
+    // extracts folder. Installed by the extracts library.
+    std::function<void(Stato&, const QString& percorso)> DrageDrop;
 };
 
 } // namespace tavolet
