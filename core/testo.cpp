@@ -2,6 +2,7 @@
 
 #include "errore.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -46,43 +47,59 @@ QString CifreDecimali(double valore) {
 } // namespace
 
 double Val(const QString& testo) {
-    const int n = testo.size();
+    // The number is copied into a small buffer of ASCII and read with from_chars: rows are
+    // read by the thousand, and this avoids a string per call.
+    const int n = int(testo.size());
+    const QChar* c = testo.constData();
     int i = 0;
-    while (i < n &&
-           (testo[i] == u' ' || testo[i] == u'\t' || testo[i] == u'\n' || testo[i] == u'\r'))
-        ++i;
-    QString numero;
-    if (i < n && (testo[i] == u'+' || testo[i] == u'-')) numero += testo[i++];
+    while (i < n && (c[i] == u' ' || c[i] == u'\t' || c[i] == u'\n' || c[i] == u'\r')) ++i;
+    char buf[352];
+    int k = 0;
+    bool negativo = false;
+    if (i < n && (c[i] == u'+' || c[i] == u'-')) negativo = c[i++] == u'-';
     bool cifre = false;
-    while (i < n && Cifra(testo[i])) {
-        numero += testo[i++];
+    auto copia = [&](QChar x) {
+        if (k < int(sizeof buf) - 12) buf[k++] = char(x.unicode());
+    };
+    while (i < n && Cifra(c[i])) {
+        // Leading zeros say nothing and would only fill the buffer.
+        if (!(k == 0 && c[i] == u'0' && i + 1 < n && Cifra(c[i + 1]))) copia(c[i]);
+        ++i;
         cifre = true;
     }
-    if (i < n && testo[i] == u'.') {
-        numero += testo[i++];
-        while (i < n && Cifra(testo[i])) {
-            numero += testo[i++];
+    if (i < n && c[i] == u'.') {
+        copia(c[i++]);
+        while (i < n && Cifra(c[i])) {
+            copia(c[i++]);
             cifre = true;
         }
     }
     if (!cifre) return 0.0;
-    if (i < n && (testo[i] == u'E' || testo[i] == u'e' || testo[i] == u'D' || testo[i] == u'd')) {
+    if (i < n && (c[i] == u'E' || c[i] == u'e' || c[i] == u'D' || c[i] == u'd')) {
         int j = i + 1;
-        QString esponente = QStringLiteral("e");
-        if (j < n && (testo[j] == u'+' || testo[j] == u'-')) esponente += testo[j++];
-        bool cifreEsp = false;
-        while (j < n && Cifra(testo[j]) && esponente.size() < 8) {
-            esponente += testo[j++];
-            cifreEsp = true;
-        }
-        if (cifreEsp) numero += esponente;
+        char esponente[12];
+        int e = 0;
+        esponente[e++] = 'e';
+        if (j < n && (c[j] == u'+' || c[j] == u'-')) esponente[e++] = char(c[j++].unicode());
+        const int primaCifra = e;
+        while (j < n && Cifra(c[j]) && e < 9) esponente[e++] = char(c[j++].unicode());
+        if (e > primaCifra)
+            for (int x = 0; x < e; ++x) buf[k++] = esponente[x];
     }
-    if (numero.endsWith(u'.')) numero.chop(1);
-    if (numero == u"+" || numero == u"-") return 0.0;
-    bool ok = false;
-    double v = numero.toDouble(&ok);
-    if (!ok || !std::isfinite(v)) throw Errore(6); // overflow, as the BASIC read does
-    return v;
+    double v = 0;
+    const auto r = std::from_chars(buf, buf + k, v);
+    if (r.ec == std::errc::result_out_of_range) {
+        // Too small is zero; too large is an overflow, as the BASIC read has it.
+        bool grande = false;
+        for (int x = 0; x < k && buf[x] != 'e'; ++x)
+            if (buf[x] >= '1' && buf[x] <= '9') grande = true;
+        const char* e = std::find(buf, buf + k, 'e');
+        if (e != buf + k && e + 1 < buf + k && e[1] == '-') grande = false;
+        if (grande) throw Errore(6);
+        return 0.0;
+    }
+    if (r.ec != std::errc() || !std::isfinite(v)) throw Errore(6);
+    return negativo ? -v : v;
 }
 
 QString Formato(double valore, const QString& figura) {

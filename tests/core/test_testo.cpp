@@ -27,6 +27,11 @@ TEST(Testo, ValLeggeDaSinistraComeIlBasic) {
     EXPECT_EQ(Val("7EST"), 7); // an E without digits ends the number
     EXPECT_EQ(Val("1 2"), 1);
     EXPECT_THROW(Val("1E999"), Errore);
+    EXPECT_EQ(Val("1E-999"), 0);
+    EXPECT_EQ(Val(QString(500, '0') + "7|"), 7);
+    EXPECT_DOUBLE_EQ(Val("0." + QString(500, '0') + "1"), 0);
+    EXPECT_DOUBLE_EQ(Val("-0.25"), -0.25);
+    EXPECT_THROW(Val(QString(400, '9')), Errore);
 }
 
 TEST(Testo, FormatoConFigura) {
