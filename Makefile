@@ -16,6 +16,7 @@ build: deps
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
+	@bash scripts/dipendenze.sh run
 	@bash scripts/demo.sh "$(BUILD)" "$(DEMO)"
 
 test: build

@@ -3,6 +3,10 @@
 set -e
 pacchetti=(build-essential cmake qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev zlib1g-dev
   libminizip-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format unzip fonts-dejavu-core)
+# Without a display, make run opens the program under a virtual X server.
+if [ "$1" = "run" ] && [ -z "$DISPLAY" ] && [ -z "$WAYLAND_DISPLAY" ]; then
+  pacchetti+=(xvfb xauth)
+fi
 mancanti=()
 for p in "${pacchetti[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || mancanti+=("$p")
