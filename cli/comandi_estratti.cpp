@@ -1,5 +1,6 @@
 // Commands on extracts (.EMP).
 #include "comandi.h"
+#include "copia_estratto.h"
 #include "estratto.h"
 
 namespace tavolet::cli {
@@ -72,6 +73,25 @@ const Registra dati({{"estratto", "dati"},
                                << "EstMedio=" << d.EstMedio << '\n';
                          return 0;
                      }});
+
+const Registra copia({{"estratto", "copia"},
+                      "PERCORSO",
+                      "copia un .EMP o .PNG (con il compagno) o scompatta un .ZIP nella cartella "
+                      "Estratti di Pregeo",
+                      1,
+                      [](Contesto& c) {
+                          PreparaAmbiente(c.stato);
+                          const QString percorso = PercorsoArgomento(c.argomenti[0]);
+                          const QString estensione = percorso.right(4).toUpper();
+                          if (estensione != u".EMP" && estensione != u".PNG" &&
+                              estensione != u".ZIP") {
+                              QTextStream(stderr) << "Ammessi file .EMP, .PNG, .ZIP\n";
+                              return 2;
+                          }
+                          if (!DrageDrop(c.stato, percorso)) return 1;
+                          c.out << "NomeEstratto=" << c.stato.doc.NomeEstratto << '\n';
+                          return 0;
+                      }});
 
 } // namespace
 
