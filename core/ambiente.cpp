@@ -174,31 +174,34 @@ void NuovaCartella(Stato& stato, const QString& percorso) {
     });
 }
 
-void CreaAlberoCartelle(Stato& stato) {
+QStringList CartelleDiLavoro(const Stato& stato) {
     const Ambiente& a = stato.amb;
     const QString dati = a.UnitaPregeoDati, exe = a.UnitaPregeoExe, doc = a.CartellaDocumenti;
-    const QStringList cartelle = {dati + "\\FIDUCIAL",
-                                  dati + "\\fiducial\\DITTA",
-                                  dati + "\\fiducial\\VISURE",
-                                  dati + "\\fiducial\\DATI",
-                                  dati + "\\fiducial\\COMUNI",
-                                  exe + "\\fiducial\\Unarvo",
-                                  dati + "\\fiducial\\PARTICELLE",
-                                  dati + "\\fiducial\\MODULISTICA",
-                                  exe + "\\PREGEO",
-                                  exe + "\\PREGEO\\ESTRATTI",
-                                  exe + "\\pregeo\\arch\\BackupDB",
-                                  doc + "\\Tavolet",
-                                  doc + "\\Tavolet\\TEMP",
-                                  doc + "\\Tavolet\\GUIDA",
-                                  doc + "\\Tavolet\\TECNICI",
-                                  doc + "\\Tavolet\\Backup_Libretti",
-                                  doc + "\\Tavolet\\Storico_Libretti",
-                                  doc + "\\Tavolet\\MODELLI_STAMPA",
-                                  doc + "\\Tavolet\\RISORSE",
-                                  doc + "\\Bravanta",
-                                  doc + "\\Bravanta\\TEMP"};
-    for (const QString& c : cartelle) NuovaCartella(stato, c);
+    return {dati + "\\FIDUCIAL",
+            dati + "\\fiducial\\DITTA",
+            dati + "\\fiducial\\VISURE",
+            dati + "\\fiducial\\DATI",
+            dati + "\\fiducial\\COMUNI",
+            exe + "\\fiducial\\Unarvo",
+            dati + "\\fiducial\\PARTICELLE",
+            dati + "\\fiducial\\MODULISTICA",
+            exe + "\\PREGEO",
+            exe + "\\PREGEO\\ESTRATTI",
+            exe + "\\pregeo\\arch\\BackupDB",
+            doc + "\\Tavolet",
+            doc + "\\Tavolet\\TEMP",
+            doc + "\\Tavolet\\GUIDA",
+            doc + "\\Tavolet\\TECNICI",
+            doc + "\\Tavolet\\Backup_Libretti",
+            doc + "\\Tavolet\\Storico_Libretti",
+            doc + "\\Tavolet\\MODELLI_STAMPA",
+            doc + "\\Tavolet\\RISORSE",
+            doc + "\\Bravanta",
+            doc + "\\Bravanta\\TEMP"};
+}
+
+void CreaAlberoCartelle(Stato& stato) {
+    for (const QString& c : CartelleDiLavoro(stato)) NuovaCartella(stato, c);
 }
 
 void ScriviVersioneTavolino(Stato& stato) {

@@ -28,6 +28,8 @@ void CaricaProvince(Stato& stato);
 QString CodiceQualita(const Stato& stato, const QString& testo);
 // Makes a folder when missing; a failure is reported and stops nothing else.
 void NuovaCartella(Stato& stato, const QString& percorso);
+// The folders of the working tree, in the order they are made at start.
+QStringList CartelleDiLavoro(const Stato& stato);
 void CreaAlberoCartelle(Stato& stato);
 void ScriviVersioneTavolino(Stato& stato);
 // The font of the row list, kept in CONFIGURACARATTERE.INI as four comma-separated values.

@@ -321,8 +321,6 @@ QString TestoInformazioniCasistiche() {
 }
 
 QString TestoConfigurazione(const Stato& stato) {
-    const Ambiente& a = stato.amb;
-    const QString dati = a.UnitaPregeoDati, exe = a.UnitaPregeoExe, doc = a.CartellaDocumenti;
     QStringList righe = {
         QStringLiteral("Tavolet V 5.00 - L'Evoluzione"),
         QStringLiteral("Ver 5.00 ") + kVersioneMinore + u'.' + kRevisione,
@@ -330,27 +328,7 @@ QString TestoConfigurazione(const Stato& stato) {
         QStringLiteral("Pregeo è un programma dell'Agenzia delle Entrate"),
         QString(),
         QStringLiteral("Elenco Cartelle utilizzate da Tavolet")};
-    for (const QString& c : {dati + "\\FIDUCIAL",
-                             dati + "\\fiducial\\DITTA",
-                             dati + "\\fiducial\\VISURE",
-                             dati + "\\fiducial\\DATI",
-                             dati + "\\fiducial\\COMUNI",
-                             exe + "\\fiducial\\Unarvo",
-                             dati + "\\fiducial\\PARTICELLE",
-                             dati + "\\fiducial\\MODULISTICA",
-                             exe + "\\PREGEO",
-                             exe + "\\PREGEO\\ESTRATTI",
-                             exe + "\\pregeo\\arch\\BackupDB",
-                             doc + "\\Tavolet",
-                             doc + "\\Tavolet\\TEMP",
-                             doc + "\\Tavolet\\GUIDA",
-                             doc + "\\Tavolet\\TECNICI",
-                             doc + "\\Tavolet\\Backup_Libretti",
-                             doc + "\\Tavolet\\Storico_Libretti",
-                             doc + "\\Tavolet\\MODELLI_STAMPA",
-                             doc + "\\Tavolet\\RISORSE",
-                             doc + "\\Bravanta",
-                             doc + "\\Bravanta\\TEMP"})
+    for (const QString& c : CartelleDiLavoro(stato))
         righe << c + QStringLiteral("  ->  ") + PercorsoLocale(c);
     return Join(righe, CRLF);
 }

@@ -20,16 +20,7 @@ struct Esito {
 
 struct Cli : ::testing::Test {
     QTemporaryDir radice;
-    void SetUp() override {
-        const QString sorgente = TAVOLET_DEMO;
-        QDirIterator it(sorgente, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString f = it.next();
-            const QString d = radice.path() + f.mid(sorgente.size());
-            QDir().mkpath(QFileInfo(d).path());
-            QFile::copy(f, d);
-        }
-    }
+    void SetUp() override { CopiaDemo(radice.path()); }
     Esito Esegui(QStringList argomenti) {
         argomenti = QStringList{"--radice", radice.path(), "--oggi", "21112026"} + argomenti;
         QProcess p;

@@ -63,8 +63,9 @@ TEST(FuzzCore, LibrettiCasualiNonFannoCadereNulla) {
         }
         CaricaLibrettoMisure(s);
         CaricaLibrettoInList1(s);
-        if (!tag && TipoRiga(attese.value(0)) == 0 && TipoRiga(attese.value(1)) == 9)
+        if (!tag && TipoRiga(attese.value(0)) == 0 && TipoRiga(attese.value(1)) == 9) {
             ASSERT_EQ(s.doc.RigheLibretto.Righe(), attese);
+        }
     }
 }
 

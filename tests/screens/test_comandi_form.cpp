@@ -24,24 +24,13 @@ using namespace tavolet::test;
 
 namespace {
 
-void CopiaDemoIn(const QString& destinazione) {
-    const QString sorgente = qEnvironmentVariable("TAVOLET_DEMO");
-    QDirIterator it(sorgente, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString f = it.next();
-        const QString d = destinazione + f.mid(sorgente.size());
-        QDir().mkpath(QFileInfo(d).path());
-        QFile::copy(f, d);
-    }
-}
-
 struct ComandiForm : ::testing::Test {
     RadiceProva radice;
     PiattaformaFinta p;
     Stato s{p};
     std::unique_ptr<BV_LibrettoOriginale> form;
     void SetUp() override {
-        CopiaDemoIn(radice.Percorso());
+        CopiaDemo(radice.Percorso());
         InstallaRiordino(s);
         Inizializza(s);
         form = std::make_unique<BV_LibrettoOriginale>(s);

@@ -21,18 +21,6 @@ using namespace tavolet::test;
 
 namespace {
 
-// The demo tree copied into a fresh root.
-void CopiaDemo(const QString& destinazione) {
-    const QString sorgente = qEnvironmentVariable("TAVOLET_DEMO");
-    QDirIterator it(sorgente, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString f = it.next();
-        const QString d = destinazione + f.mid(sorgente.size());
-        QDir().mkpath(QFileInfo(d).path());
-        QFile::copy(f, d);
-    }
-}
-
 struct FormPrincipale : ::testing::Test {
     RadiceProva radice;
     PiattaformaFinta p;

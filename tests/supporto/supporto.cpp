@@ -1,6 +1,7 @@
 #include "supporto.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -51,6 +52,18 @@ void RadiceProva::PregeoMinimo() const {
     comuni += RecordComune(' ', "G224", "PD", "PADOVA", "D3PD");
     comuni += RecordComune(' ', "L736", "VE", "VENEZIA", "E7VE");
     Scrivi("C:\\pregeo\\arch\\comunt.dat", comuni);
+}
+
+void CopiaDemo(const QString& destinazione) {
+    const QString sorgente = qEnvironmentVariable("TAVOLET_DEMO");
+    ASSERT_FALSE(sorgente.isEmpty());
+    QDirIterator it(sorgente, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString f = it.next();
+        const QString d = destinazione + f.mid(sorgente.size());
+        QDir().mkpath(QFileInfo(d).path());
+        QFile::copy(f, d);
+    }
 }
 
 QString PercorsoDati(const QString& nome) {

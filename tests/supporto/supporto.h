@@ -34,6 +34,9 @@ private:
     bool cera_;
 };
 
+// The demo tree (TAVOLET_DEMO) copied into a folder.
+void CopiaDemo(const QString& destinazione);
+
 // Bytes of a file in tests/dati.
 QByteArray Dati(const QString& nome);
 QString PercorsoDati(const QString& nome);
