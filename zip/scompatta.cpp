@@ -7,6 +7,7 @@
 #include <unzip.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace tavolet {
@@ -179,6 +180,18 @@ bool Elenca(unzFile z, const LimitiScompatta& limiti, QList<Voce>& voci, Scompat
     return r == UNZ_END_OF_LIST_OF_FILE || s.Fallisci(321, danneggiato);
 }
 
+// Where the end record begins in the file, -1 when there is none or it is cut short
+// (minizip accepts an archive cut inside it).
+qint64 FineArchivio(const QString& zipHost) {
+    QFile f(zipHost);
+    if (!f.open(QIODevice::ReadOnly)) return -1;
+    const qint64 coda = std::min<qint64>(f.size(), 22 + 0xFFFF);
+    if (!f.seek(f.size() - coda)) return -1;
+    const QByteArray b = f.read(coda);
+    const qsizetype i = b.lastIndexOf(QByteArray("PK\x05\x06", 4));
+    return i >= 0 && i + 22 <= b.size() ? f.size() - coda + i : -1;
+}
+
 } // namespace
 
 QString PercorsoVoceSicuro(const QString& nome) {
@@ -211,7 +224,14 @@ EsitoScompatta ScompattaZip(const QString& zipHost, const QString& cartellaHost,
     }
     Scompattatore s(cartellaHost, esito);
     const QByteArray nomeZip = QFile::encodeName(zipHost);
-    Archivio z(unzOpen64(nomeZip.constData()));
+    const qint64 fine = FineArchivio(zipHost);
+    // An archive of no members is its end record alone, which minizip does not find at 0.
+    if (fine == 0 && QFileInfo(zipHost).size() == 22) {
+        QFile f(zipHost);
+        if (f.open(QIODevice::ReadOnly) && f.read(22).mid(8, 4) == QByteArray(4, '\0'))
+            return esito;
+    }
+    Archivio z(fine > 0 ? unzOpen64(nomeZip.constData()) : nullptr);
     if (!z) {
         s.Fallisci(321, QStringLiteral("Archivio ZIP non valido: ") + zipHost);
         return esito;
@@ -222,9 +242,8 @@ EsitoScompatta ScompattaZip(const QString& zipHost, const QString& cartellaHost,
     // The archive itself may lie in the folder: a member of the same name is not written
     // over the file being read.
     const QString zipCanonico = QFileInfo(zipHost).canonicalFilePath();
-    int i = 0;
     bool ok = unzGoToFirstFile(z.get()) == UNZ_OK || voci.isEmpty();
-    for (; ok && i < voci.size(); ++i) {
+    for (qsizetype i = 0; ok && i < voci.size(); ++i) {
         const Voce& v = voci[i];
         if (v.cartella) {
             ok = s.CreaCartellaVoce(v);

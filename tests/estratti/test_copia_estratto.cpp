@@ -1,0 +1,219 @@
+// Copying extracts into Pregeo: a path from the command line (with its companion, or a .ZIP
+// of the registry unpacked in \pregeo\tmp\) and the import of the extract screen.
+#include "copia_estratto.h"
+#include "zip.h"
+
+#include "supporto.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+
+#include <gtest/gtest.h>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+const QString kEstratti = QStringLiteral("C:\\pregeo\\estratti\\");
+const QString kTmp = QStringLiteral("C:\\pregeo\\tmp\\");
+
+struct CopiaEstratto : ::testing::Test {
+    PiattaformaFinta piattaforma;
+    Stato stato{piattaforma};
+    RadiceProva radice;
+    const QByteArray emp = Dati("estratti/realistico.EMP");
+    const QByteArray png = Dati("estratti/realistico.PNG");
+
+    // The names in a folder of the root, as the host has them.
+    QStringList Elenco(const QString& cartella) const {
+        return QDir(PercorsoLocale(cartella)).entryList(QDir::Files, QDir::Name);
+    }
+    // An archive written by ZipClass at a path in Windows form.
+    void Zip(const QString& percorso, const QList<std::pair<QString, QByteArray>>& membri) {
+        ZipClass z;
+        int i = 0;
+        for (const auto& [nome, byte] : membri) {
+            const QString sorgente = QStringLiteral("C:\\sorgenti\\") + QString::number(i++);
+            radice.Scrivi(sorgente, byte);
+            ASSERT_TRUE(z.AddFile(PercorsoLocale(sorgente), nome));
+        }
+        radice.Scrivi(percorso, "");
+        ASSERT_TRUE(z.WriteZip(PercorsoLocale(percorso), true));
+    }
+    QStringList Messaggi() {
+        const QStringList m = piattaforma.Messaggi();
+        piattaforma.eventi.clear();
+        return m;
+    }
+};
+
+const QString kTitolo = QStringLiteral("Copia Estratto in Pregeo: ");
+
+} // namespace
+
+TEST_F(CopiaEstratto, EmpEPngConIlLoroCompagno) {
+    radice.Scrivi("C:\\Download\\Foglio 12.emp", emp);
+    radice.Scrivi("C:\\Download\\Foglio 12.png", png);
+    EXPECT_TRUE(DrageDrop(stato, "\"c:\\download\\foglio 12.emp\""));
+    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Copiato nella cartella Estratti!\r\n"
+                                                 "C:\\DOWNLOAD\\FOGLIO 12"}));
+    EXPECT_EQ(Elenco(kEstratti), QStringList({"FOGLIO 12.EMP", "FOGLIO 12.PNG"}));
+    EXPECT_EQ(radice.Leggi(kEstratti + "FOGLIO 12.EMP"), emp);
+    EXPECT_EQ(radice.Leggi(kEstratti + "FOGLIO 12.PNG"), png);
+    EXPECT_EQ(stato.doc.NomeEstratto, "FOGLIO 12.EMP");
+
+    // From the image: the extract comes along and becomes the current one.
+    radice.Scrivi("C:\\Download\\B.PNG", "png b");
+    radice.Scrivi("C:\\Download\\B.EMP", "emp b");
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\B.PNG"));
+    EXPECT_EQ(Messaggi(),
+              QStringList({kTitolo + "Copiato nella cartella Estratti!\r\nC:\\DOWNLOAD\\B"}));
+    EXPECT_EQ(radice.Leggi(kEstratti + "B.EMP"), "emp b");
+    EXPECT_EQ(radice.Leggi(kEstratti + "B.PNG"), "png b");
+    EXPECT_EQ(stato.doc.NomeEstratto, "B.EMP");
+
+    // A lone image is copied but names no extract; a lone extract needs no image.
+    radice.Scrivi("C:\\Download\\Solo.png", "solo");
+    radice.Scrivi("C:\\Download\\Nudo.EMP", "nudo");
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Solo.png"));
+    EXPECT_EQ(stato.doc.NomeEstratto, "B.EMP");
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Nudo.EMP"));
+    EXPECT_EQ(stato.doc.NomeEstratto, "NUDO.EMP");
+    EXPECT_EQ(Elenco(kEstratti), QStringList({"B.EMP", "B.PNG", "FOGLIO 12.EMP", "FOGLIO 12.PNG",
+                                              "NUDO.EMP", "SOLO.PNG"}));
+    EXPECT_EQ(Messaggi().size(), 2);
+}
+
+TEST_F(CopiaEstratto, MancantiEAltreEstensioni) {
+    stato.doc.NomeEstratto = "PRIMA.EMP";
+    for (const char* p :
+         {"C:\\Download\\manca.emp", "C:\\Download\\manca.png", "\"C:\\Download\\manca.zip\""}) {
+        EXPECT_FALSE(DrageDrop(stato, p));
+        const QString atteso = UCase(QString(p).remove('"'));
+        EXPECT_EQ(Messaggi(), QStringList({kTitolo + atteso + "\r\nNON trovato!"}));
+    }
+    // A drawing or anything else: the routine has nothing to copy.
+    radice.Scrivi("C:\\Download\\Rilievo.dxf", "0\r\nSECTION\r\n");
+    radice.Scrivi("C:\\Download\\Rilievo.txt", "testo");
+    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Rilievo.dxf"));
+    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Rilievo.txt"));
+    EXPECT_TRUE(Messaggi().isEmpty());
+    EXPECT_EQ(stato.doc.NomeEstratto, "PRIMA.EMP");
+    EXPECT_TRUE(Elenco(kEstratti).isEmpty());
+    EXPECT_EQ(stato.ErroriMostrati, 0);
+}
+
+TEST_F(CopiaEstratto, ZipDelCatastoInTmpEPoiNegliEstratti) {
+    radice.Scrivi(kTmp + "VECCHIO.EMP", "di una volta");
+    radice.Scrivi(kTmp + "Vecchia\\x.txt", "resta");
+    Zip("C:\\Download\\A001_0120.zip", {{"leggimi.txt", "Estratto di mappa"},
+                                        {"b.emp", "secondo"},
+                                        {"a.EMP", emp},
+                                        {"0/0.EMP", "in una cartella"},
+                                        {"mappa.png", png}});
+    const QByteArray archivio = radice.Leggi("C:\\Download\\A001_0120.zip");
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\A001_0120.zip"));
+    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Esploso e Copiato nella cartella Estratti!\r\n"
+                                                 "C:\\DOWNLOAD\\A001_0120.ZIP"}));
+    // The first extract at the top of the archive, by name, under the archive's name.
+    EXPECT_EQ(Elenco(kEstratti), QStringList({"A001_0120.EMP", "A001_0120.PNG"}));
+    EXPECT_EQ(radice.Leggi(kEstratti + "A001_0120.EMP"), emp);
+    EXPECT_EQ(radice.Leggi(kEstratti + "A001_0120.PNG"), png);
+    EXPECT_EQ(stato.doc.NomeEstratto, "A001_0120.EMP");
+    // tmp was emptied of its files, then holds the archive and its members.
+    EXPECT_EQ(Elenco(kTmp),
+              QStringList({"A001_0120.ZIP", "a.EMP", "b.emp", "leggimi.txt", "mappa.png"}));
+    EXPECT_EQ(radice.Leggi(kTmp + "A001_0120.ZIP"), archivio);
+    EXPECT_EQ(radice.Leggi(kTmp + "0\\0.EMP"), "in una cartella");
+    EXPECT_EQ(radice.Leggi(kTmp + "Vecchia\\x.txt"), "resta");
+
+    // Another writer, the extract only in a folder and the image in lower case.
+    radice.Scrivi("C:\\Download\\F0120.ZIP", Dati("zip/altro_scrittore.zip"));
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\F0120.ZIP"));
+    EXPECT_EQ(radice.Leggi(kEstratti + "F0120.EMP"), emp);
+    EXPECT_EQ(radice.Leggi(kEstratti + "F0120.PNG"), png);
+    EXPECT_EQ(stato.doc.NomeEstratto, "F0120.EMP");
+
+    // No extract inside: success all the same, and the current extract stays.
+    Zip("C:\\Download\\Vuoto.zip", {{"leggimi.txt", "niente"}});
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Vuoto.zip"));
+    EXPECT_EQ(Messaggi().value(1), kTitolo + "Esploso e Copiato nella cartella Estratti!\r\n"
+                                             "C:\\DOWNLOAD\\VUOTO.ZIP");
+    EXPECT_EQ(stato.doc.NomeEstratto, "F0120.EMP");
+    EXPECT_EQ(Elenco(kEstratti).size(), 4);
+
+    // The archive may already lie in tmp, which is emptied first.
+    Zip(kTmp + "Qui.zip", {{"Q.EMP", "q"}});
+    EXPECT_TRUE(DrageDrop(stato, kTmp + "Qui.zip"));
+    EXPECT_EQ(radice.Leggi(kEstratti + "QUI.EMP"), "q");
+    EXPECT_EQ(stato.ErroriMostrati, 0);
+}
+
+TEST_F(CopiaEstratto, ZipOstileODanneggiatoDaIlRapportoDiErrore) {
+    stato.doc.NomeEstratto = "PRIMA.EMP";
+    Zip("C:\\Download\\Ostile.zip", {{"a.EMP", "buono"}, {"../../evil.EMP", "male"}});
+    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Ostile.zip"));
+    EXPECT_EQ(Messaggi(), QStringList({"Rilevato errore: Si è verificato questo errore : 321\r\n"
+                                       "Voce con un percorso non ammesso: ../../evil.EMP\r\n"
+                                       "Nella Routine DrageDrop"}));
+    EXPECT_TRUE(radice.Leggi("C:\\evil.EMP").isEmpty());
+    EXPECT_TRUE(radice.Leggi("C:\\pregeo\\evil.EMP").isEmpty());
+    EXPECT_EQ(Elenco(kTmp), QStringList({"OSTILE.ZIP"}));
+    EXPECT_TRUE(Elenco(kEstratti).isEmpty());
+    EXPECT_EQ(stato.doc.NomeEstratto, "PRIMA.EMP");
+
+    QByteArray casuale(2000, '\0');
+    QRandomGenerator rng(5);
+    for (char& c : casuale) c = char(rng.bounded(256));
+    radice.Scrivi("C:\\Download\\Rotto.zip", casuale);
+    radice.Scrivi("C:\\Download\\Troncato.zip", Dati("zip/altro_scrittore.zip").left(900));
+    for (const char* p : {"C:\\Download\\Rotto.zip", "C:\\Download\\Troncato.zip"}) {
+        EXPECT_FALSE(DrageDrop(stato, p));
+        const QStringList m = Messaggi();
+        ASSERT_EQ(m.size(), 1);
+        EXPECT_TRUE(m[0].startsWith("Rilevato errore: Si è verificato questo errore : 321\r\n"
+                                    "Archivio ZIP non valido: "))
+            << m[0].toStdString();
+    }
+    EXPECT_EQ(stato.ErroriMostrati, 3);
+    // The program goes on.
+    radice.Scrivi("C:\\Download\\Dopo.EMP", emp);
+    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Dopo.EMP"));
+    EXPECT_EQ(stato.doc.NomeEstratto, "DOPO.EMP");
+}
+
+TEST_F(CopiaEstratto, ImportDelloSchermoEComandoTag) {
+    // The import copies the chosen file alone, under its own name.
+    radice.Scrivi("C:\\Download\\Foglio.emp", emp);
+    radice.Scrivi("C:\\Download\\Foglio.png", png);
+    EXPECT_EQ(CopiaEstrattoInPregeo(stato, "C:\\Download\\Foglio.emp"),
+              QStringList({"Foglio.emp"}));
+    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Copiato nella cartella Estratti!"}));
+    EXPECT_EQ(Elenco(kEstratti), QStringList({"Foglio.emp"}));
+    EXPECT_EQ(radice.Leggi(kEstratti + "Foglio.emp"), emp);
+
+    // A .ZIP: every extract and image of it, each under its own name; tmp is not emptied.
+    radice.Scrivi(kTmp + "PREGEO.EMP", "di Pregeo");
+    Zip("C:\\Download\\Tutti.zip",
+        {{"b.emp", "b"}, {"leggimi.txt", "x"}, {"Sub/c.EMP", "c"}, {"b.PNG", png}});
+    EXPECT_EQ(CopiaEstrattoInPregeo(stato, "C:\\Download\\Tutti.zip"),
+              QStringList({"b.emp", "c.EMP", "b.PNG"}));
+    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Esploso e Copiato nella cartella Estratti!"}));
+    EXPECT_EQ(radice.Leggi(kEstratti + "c.EMP"), "c");
+    EXPECT_EQ(radice.Leggi(kEstratti + "b.PNG"), png);
+    EXPECT_EQ(radice.Leggi(kTmp + "PREGEO.EMP"), "di Pregeo");
+    EXPECT_TRUE(stato.doc.NomeEstratto.isEmpty());
+    EXPECT_TRUE(CopiaEstrattoInPregeo(stato, "C:\\Download\\manca.zip").isEmpty());
+    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "C:\\Download\\manca.zip\r\nNON trovato!"}));
+
+    // The command line reaches the copier through the hook, once installed.
+    radice.Scrivi("C:\\Download\\Riga.EMP", "riga");
+    EXPECT_FALSE(ComandoTag(stato, "\"c:\\download\\riga.emp\""));
+    EXPECT_TRUE(Messaggi().isEmpty());
+    InstallaEstratti(stato);
+    EXPECT_FALSE(ComandoTag(stato, "\"c:\\download\\riga.emp\""));
+    EXPECT_EQ(radice.Leggi(kEstratti + "RIGA.EMP"), "riga");
+    EXPECT_EQ(stato.doc.NomeEstratto, "RIGA.EMP");
+    EXPECT_EQ(Messaggi().size(), 1);
+}
