@@ -76,8 +76,7 @@ const Registra dati({{"estratto", "dati"},
 
 const Registra copia({{"estratto", "copia"},
                       "PERCORSO",
-                      "copia un .EMP o .PNG (con il compagno) o scompatta un .ZIP nella cartella "
-                      "Estratti di Pregeo",
+                      "copia .EMP/.PNG col compagno, o scompatta .ZIP, negli estratti di Pregeo",
                       1,
                       [](Contesto& c) {
                           PreparaAmbiente(c.stato);

@@ -60,3 +60,43 @@ TEST(CliEstratti, InfoDatiRiscriviPulisci) {
     EXPECT_TRUE(vuoto.err.contains("Nella Routine EsplodiEstratto"));
     EXPECT_TRUE(vuoto.out.contains("EstrattoComune=A001\n"));
 }
+
+TEST(CliEstratti, CopiaNellaCartellaEstratti) {
+    RadiceProva radice;
+    radice.PregeoMinimo();
+    radice.Scrivi("C:\\Download\\Foglio.emp", Dati("estratti/realistico.EMP"));
+    radice.Scrivi("C:\\Download\\Foglio.png", Dati("estratti/realistico.PNG"));
+    const QStringList r = {"--radice", radice.Percorso()};
+
+    const Esito emp = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\Foglio.emp"});
+    EXPECT_EQ(emp.codice, 0) << emp.err.toStdString();
+    EXPECT_EQ(emp.out, "NomeEstratto=FOGLIO.EMP\n");
+    EXPECT_EQ(emp.err, "Copia Estratto in Pregeo: Copiato nella cartella Estratti!\n"
+                       "C:\\DOWNLOAD\\FOGLIO\n");
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\FOGLIO.EMP"), Dati("estratti/realistico.EMP"));
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\FOGLIO.PNG"), Dati("estratti/realistico.PNG"));
+
+    // A host path, upper-cased by the routine, still finds the file.
+    radice.Scrivi("C:\\Download\\F0120.zip", Dati("zip/altro_scrittore.zip"));
+    const Esito zip = Esegui(
+        r + QStringList{"estratto", "copia", radice.Percorso() + "/drive_c/Download/F0120.zip"});
+    EXPECT_EQ(zip.codice, 0) << zip.err.toStdString();
+    EXPECT_EQ(zip.out, "NomeEstratto=F0120.EMP\n");
+    EXPECT_TRUE(zip.err.startsWith("Copia Estratto in Pregeo: Esploso e Copiato nella cartella "
+                                   "Estratti!\n"))
+        << zip.err.toStdString();
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\F0120.EMP"), Dati("estratti/realistico.EMP"));
+
+    const Esito manca = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\manca.zip"});
+    EXPECT_EQ(manca.codice, 1);
+    EXPECT_EQ(manca.err, "Copia Estratto in Pregeo: C:\\DOWNLOAD\\MANCA.ZIP\nNON trovato!\n");
+
+    radice.Scrivi("C:\\Download\\rotto.zip", "PK\x03\x04 non un archivio");
+    const Esito rotto = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\rotto.zip"});
+    EXPECT_EQ(rotto.codice, 1);
+    EXPECT_TRUE(rotto.err.contains("Nella Routine DrageDrop")) << rotto.err.toStdString();
+
+    const Esito dxf = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\Foglio.dxf"});
+    EXPECT_EQ(dxf.codice, 2);
+    EXPECT_EQ(dxf.err, "Ammessi file .EMP, .PNG, .ZIP\n");
+}
