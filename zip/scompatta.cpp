@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <unzip.h>
 #include <zlib.h>
@@ -96,7 +97,10 @@ public:
             unzCloseCurrentFile(z);
             return Fallisci(75, DescrizioneScrittura(percorso));
         }
-        if (!esito_.file.contains(percorso)) esito_.file.append(percorso);
+        if (!scritti_.contains(percorso)) {
+            scritti_.insert(percorso);
+            esito_.file.append(percorso);
+        }
         QByteArray blocco(1 << 16, Qt::Uninitialized);
         uint64_t letti = 0;
         uLong crc = crc32(0L, Z_NULL, 0);
@@ -130,6 +134,7 @@ public:
     void Annulla() {
         for (const QString& p : std::as_const(esito_.file)) QFile::remove(p);
         esito_.file.clear();
+        scritti_.clear();
         for (const QString& c : std::as_const(cartelleCreate_)) QDir().rmdir(c);
         cartelleCreate_.clear();
     }
@@ -143,6 +148,7 @@ private:
 
     QString radice_;
     EsitoScompatta& esito_;
+    QSet<QString> scritti_;      // the same files as esito_.file, for a member named twice
     QStringList cartelleCreate_; // deepest first
 };
 
