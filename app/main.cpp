@@ -1,5 +1,6 @@
 // tavolet: the desktop program.
 #include "BV_LibrettoOriginale.h"
+#include "copia_estratto.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "riordino.h"
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
     tavolet::PiattaformaQt piattaforma;
     tavolet::Stato stato(piattaforma);
     tavolet::InstallaRiordino(stato);
+    tavolet::InstallaEstratti(stato);
     tavolet::Inizializza(stato);
     tavolet::BV_LibrettoOriginale form(stato);
     piattaforma.ImpostaFinestra(&form);

@@ -1,6 +1,7 @@
 // tavolet-cli: the logic of Tavolet without windows, on the scripted platform.
 #include "comandi.h"
 
+#include "copia_estratto.h"
 #include "riordino.h"
 
 #include <QCoreApplication>
@@ -42,6 +43,7 @@ void PreparaAmbiente(Stato& stato) {
     CaricaComuni(stato);
     CaricaProvince(stato);
     InstallaRiordino(stato);
+    InstallaEstratti(stato);
 }
 
 bool CaricaComeTrascinamento(Stato& stato, const QString& percorso) {
