@@ -12,15 +12,7 @@ namespace {
 const QString kTesta =
     "0|01012024|7|G224|0001|5|ROSSI MARIO|GEOMETRA|PADOVA|\r\n9|1|10|20|5|v|18|X|\r\n";
 
-struct Comandi : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
-    void SetUp() override {
-        radice.PregeoMinimo();
-        Inizializza(s);
-        CaricaConfig(s);
-    }
+struct Comandi : ConPregeo {
     void Documento(const QString& corpo) {
         s.doc.TestoLibretto = kTesta + corpo;
         CaricaLibrettoInList1(s);

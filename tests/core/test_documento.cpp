@@ -9,15 +9,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct DocumentoProva : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
-    void SetUp() override {
-        radice.PregeoMinimo();
-        Inizializza(s);
-        CaricaConfig(s);
-    }
+struct DocumentoProva : ConPregeo {
     void Carica(const QString& percorso) {
         s.doc.PercorsoLibretto = percorso;
         CaricaLibrettoMisure(s);

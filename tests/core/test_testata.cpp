@@ -9,15 +9,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Testa : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
-    void SetUp() override {
-        radice.PregeoMinimo();
-        Inizializza(s);
-        CaricaConfig(s);
-    }
+struct Testa : ConPregeo {
     void Decodifica(const QString& testo) {
         s.doc.TestoLibretto = testo;
         DecoZeroNove(s);

@@ -15,14 +15,9 @@ const QString kRiga9 = "9|20|10|20|1070|10.00-G,STDA 2.08|FR|STAZIONE TOTALE|";
 const QString kO = "6|O|125  |000|  |     |000029390|SN|  |     |001|1 |                 |";
 const QString kS = "6|S|125  |000|  |     |000000000|  |  |     |000|  |                 |";
 
-struct RicomponiProva : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
+struct RicomponiProva : ConPregeo {
     void SetUp() override {
-        radice.PregeoMinimo();
-        Inizializza(s);
-        CaricaConfig(s);
+        ConPregeo::SetUp();
         InstallaRiordino(s);
     }
     QStringList RigheTesto() const {

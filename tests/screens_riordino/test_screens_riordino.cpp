@@ -64,14 +64,9 @@ void Clic(QListWidget* l, int riga, bool doppio = false) {
     if (doppio) QTest::mouseDClick(l->viewport(), Qt::LeftButton, {}, p);
 }
 
-struct SchermiProva : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
+struct SchermiProva : ConPregeo {
     void SetUp() override {
-        radice.PregeoMinimo();
-        Inizializza(s);
-        CaricaConfig(s);
+        ConPregeo::SetUp();
         radice.Scrivi("C:\\Lavori\\COMPLETO.DAT", Dati("riordino/completo.dat"));
         ASSERT_TRUE(TrascinaLibretto(s, PercorsoLocale("C:\\Lavori\\COMPLETO.DAT")));
         p.eventi.clear();

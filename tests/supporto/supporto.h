@@ -8,6 +8,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <ostream>
 
@@ -36,6 +38,18 @@ private:
 
 // The demo tree (TAVOLET_DEMO) copied into a folder.
 void CopiaDemo(const QString& destinazione);
+
+// A fresh state on the small Pregeo tree: root, scripted platform, environment read.
+struct ConPregeo : ::testing::Test {
+    RadiceProva radice;
+    PiattaformaFinta p;
+    Stato s{p};
+    void SetUp() override {
+        radice.PregeoMinimo();
+        Inizializza(s);
+        CaricaConfig(s);
+    }
+};
 
 // Bytes of a file in tests/dati.
 QByteArray Dati(const QString& nome);
