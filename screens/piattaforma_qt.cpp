@@ -256,8 +256,11 @@ bool PiattaformaQt::StampaTesto(const QString& titolo, const QString& testo,
 
 bool PiattaformaQt::AltraIstanza() {
     if (blocco_) return false;
+    // One lock a user: another user's Tavolet is no second instance of this one.
+    QString utente = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    utente.remove(u'/').remove(u'\\');
     const QString percorso = QStandardPaths::writableLocation(QStandardPaths::TempLocation) +
-                             QStringLiteral("/tavolet.lock");
+                             QStringLiteral("/tavolet-") + utente + QStringLiteral(".lock");
     blocco_ = std::make_unique<QLockFile>(percorso);
     blocco_->setStaleLockTime(0);
     if (blocco_->tryLock(0)) return false;
