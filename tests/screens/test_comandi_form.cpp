@@ -1,6 +1,6 @@
 // The commands of the main form, clicked by caption, on the demo libretto.
 #include "BV_EditorGen.h"
-#include "BV_LibrettoOriginale.h"
+#include "form_demo.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
 #include "riordino.h"
@@ -24,20 +24,10 @@ using namespace tavolet::test;
 
 namespace {
 
-struct ComandiForm : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
-    std::unique_ptr<BV_LibrettoOriginale> form;
+struct ComandiForm : FormSuDemo {
     void SetUp() override {
-        CopiaDemo(radice.Percorso());
-        InstallaRiordino(s);
-        Inizializza(s);
-        form = std::make_unique<BV_LibrettoOriginale>(s);
-        ASSERT_TRUE(form->Carica("C:\\Libretti\\ESEMPIO.DAT"));
-        form->resize(1280, 800);
-        form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+        FormSuDemo::SetUp();
+        Apri();
     }
     void Clic(const QString& caption) {
         QPushButton* b = form->Pulsante(caption);

@@ -1,4 +1,4 @@
-#include "BV_LibrettoOriginale.h"
+#include "form_demo.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
 #include "riordino.h"
@@ -21,17 +21,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct FormPrincipale : ::testing::Test {
-    RadiceProva radice;
-    PiattaformaFinta p;
-    Stato s{p};
-    std::unique_ptr<BV_LibrettoOriginale> form;
-    void SetUp() override {
-        CopiaDemo(radice.Percorso());
-        InstallaRiordino(s);
-        Inizializza(s);
-        form = std::make_unique<BV_LibrettoOriginale>(s);
-    }
+struct FormPrincipale : FormSuDemo {
     QString Etichetta(const QString& inizio) const {
         for (QLabel* l : form->findChildren<QLabel*>())
             if (l->text().startsWith(inizio)) return l->text();
@@ -42,10 +32,7 @@ struct FormPrincipale : ::testing::Test {
 } // namespace
 
 TEST_F(FormPrincipale, ApreIlLibrettoDemoConTitoloEContatore) {
-    ASSERT_TRUE(form->Carica("C:\\Libretti\\ESEMPIO.DAT"));
-    form->resize(1280, 800);
-    form->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+    Apri();
     const QString titolo = "Tavolet V 5.00 - L'Evoluzione - Libretto Misure : [245 15032024] "
                            "[CF Comune : G693 - PIOVE DI SACCO] [Provincia : PADOVA]";
     EXPECT_EQ(form->windowTitle(), titolo);
@@ -123,4 +110,21 @@ TEST_F(FormPrincipale, TrascinareFileSullaLista) {
               (QStringList{"Trascina Libretto: Processo non attivo!",
                            "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
     EXPECT_EQ(form->Lista()->count(), 4);
+}
+
+TEST_F(FormPrincipale, EstrattoSullaRigaDiComando) {
+    radice.Scrivi("C:\\Scaricati\\G693_0012.EMP",
+                  radice.Leggi("C:\\pregeo\\estratti\\A001_00120.EMP"));
+    Apri("\"C:\\Scaricati\\g693_0012.emp\"");
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\G693_0012.EMP"),
+              radice.Leggi("C:\\Scaricati\\G693_0012.EMP"));
+    ASSERT_FALSE(p.Messaggi().isEmpty());
+    EXPECT_TRUE(p.Messaggi().last().startsWith(
+        "Copia Estratto in Pregeo: Copiato nella cartella Estratti!\r\n"))
+        << p.Messaggi().last().toStdString();
+    EXPECT_EQ(s.doc.NomeEstratto, "G693_0012.EMP");
+    EXPECT_EQ(Etichetta("Estratto : "), "Estratto : G693_0012.EMP");
+    // No libretto was opened: the form shows the new document of rows 0 and 9.
+    EXPECT_EQ(s.doc.PercorsoLibretto, "");
+    EXPECT_EQ(form->Lista()->count(), 2);
 }
