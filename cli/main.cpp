@@ -8,6 +8,7 @@
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
+#include <QSettings>
 
 #include <cstdio>
 
@@ -21,7 +22,8 @@ QList<Comando>& Tabella() {
 }
 
 void Aiuto(QTextStream& out) {
-    out << "Uso: tavolet-cli [--radice DIR] [--oggi DDMMYYYY] [--si|--no] COMANDO ...\n\n";
+    out << "Uso: tavolet-cli [--radice DIR] [--oggi DDMMYYYY] [--si|--no] "
+           "[--programma NOME.EXE=comando]... COMANDO ...\n\n";
     QList<Comando> ordinati = Tabella();
     std::sort(ordinati.begin(), ordinati.end(),
               [](const Comando& a, const Comando& b) { return a.parole < b.parole; });
@@ -69,6 +71,15 @@ int main(int argc, char** argv) {
     QStringList args = app.arguments().mid(1);
     PiattaformaFinta piattaforma;
     piattaforma.adesso = QDateTime::currentDateTime();
+    // Sibling programs really run, mapped as the desktop program maps them.
+    piattaforma.esegui = AvviaProcessoHost;
+    {
+        QSettings utente(QStringLiteral("Tavolet"), QStringLiteral("Tavolet"));
+        utente.beginGroup(kSezioneProgrammi);
+        for (const QString& chiave : utente.childKeys())
+            piattaforma.impostazioni.insert(kSezioneProgrammi + u'/' + chiave,
+                                            utente.value(chiave).toString());
+    }
     QStringList parole;
     for (int i = 0; i < args.size(); ++i) {
         const QString& a = args[i];
@@ -84,6 +95,16 @@ int main(int argc, char** argv) {
                 return 2;
             }
             piattaforma.adesso = QDateTime(d, QTime(12, 0, 0));
+        } else if (a == u"--programma" && i + 1 < args.size()) {
+            // NOME.EXE=comando: this run starts that sibling program through a host command.
+            const QString voce = args[++i];
+            const qsizetype uguale = voce.indexOf(u'=');
+            if (uguale <= 0) {
+                err << "Uso: --programma NOME.EXE=comando\n";
+                return 2;
+            }
+            piattaforma.impostazioni.insert(kSezioneProgrammi + u'/' + voce.left(uguale).toUpper(),
+                                            voce.mid(uguale + 1));
         } else if (a == u"--si") {
             piattaforma.rispostaFissa = Risposta::Si;
         } else if (a == u"--no") {

@@ -5,6 +5,7 @@
 #include "file_testo.h"
 #include "percorsi.h"
 #include "stato.h"
+#include "tecnico_ini.h"
 #include "testata.h"
 #include "testo.h"
 
@@ -40,22 +41,13 @@ void CalcolaCostantiAngoli(Stato& stato) {
 
 namespace {
 
-// The technician as PREGEO.INI keeps it: "Cognome=" and "Nome=" lines.
-void LeggiTecnicoIni(Stato& stato) {
-    QString cognome, nome;
-    for (const QString& riga : stato.amb.RigheIni) {
-        const QString chiave = UCase(Trim(Split(riga, QStringLiteral("="))[0]));
-        const QString valore = Trim(Mid(riga, InStr(riga, QStringLiteral("=")) + 1));
-        if (!riga.contains(u'=')) continue;
-        if (chiave == u"COGNOME")
-            cognome = valore;
-        else if (chiave == u"NOME")
-            nome = valore;
-    }
-    if (cognome.isEmpty() && nome.isEmpty()) return;
-    stato.testata.Cognome = UCase(cognome);
-    stato.testata.Nome = UCase(nome);
-    stato.testata.Tecnico = UCase(cognome) + u' ' + UCase(nome);
+// The technician of PREGEO.INI becomes the head's technician.
+void ImportaTecnicoIni(Stato& stato) {
+    const TecnicoIni t = LeggiTecnicoIni(stato.amb.RigheIni);
+    if (t.Cognome.isEmpty() && t.Nome.isEmpty()) return;
+    stato.testata.Cognome = UCase(t.Cognome);
+    stato.testata.Nome = UCase(t.Nome);
+    stato.testata.Tecnico = UCase(t.Cognome) + u' ' + UCase(t.Nome);
 }
 
 void CaricaQualita(Stato& stato) {
@@ -90,7 +82,7 @@ void CaricaConfig(Stato& stato) {
         }
         a.RigheIni = Split(LeggiTesto(ini), CRLF);
         if (a.RigheIni.size() < 2) return;
-        LeggiTecnicoIni(stato);
+        ImportaTecnicoIni(stato);
         for (int i = 1; i < a.RigheIni.size(); ++i) {
             const QString& riga = a.RigheIni[i];
             if (riga.startsWith(QStringLiteral("DskAPPLexe")))

@@ -6,6 +6,7 @@
 #include "file_testo.h"
 #include "percorsi.h"
 #include "righe.h"
+#include "shell.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -235,10 +236,7 @@ QString GeneraLibrettoConStralcio(Stato& stato, const QString& testoStralcio) {
 }
 
 void AvviaProgrammaSarvento(Stato& stato, const QString& programma) {
-    ConTrappola(stato, QStringLiteral("3105"), [&] {
-        const QString percorso = Trim(stato.amb.CartellaProgramFiles + programma);
-        stato.piattaforma->AvviaEAttendi(percorso, {});
-    });
+    ShellInfinita(stato, Trim(stato.amb.CartellaProgramFiles + programma));
 }
 
 void CreaCollegamentiPregeo(Stato& stato) {

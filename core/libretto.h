@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ambiente.h"
+#include "blocchi_tag.h"
 #include "comandi.h"
 #include "documento.h"
 #include "errore.h"
@@ -9,6 +10,8 @@
 #include "percorsi.h"
 #include "piattaforma.h"
 #include "righe.h"
+#include "shell.h"
 #include "stato.h"
+#include "tecnico_ini.h"
 #include "testata.h"
 #include "testo.h"

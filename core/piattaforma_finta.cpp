@@ -60,6 +60,7 @@ void PiattaformaFinta::SalvaImpostazione(const QString& sezione, const QString& 
 
 int PiattaformaFinta::AvviaEAttendi(const QString& programma, const QStringList& argomenti) {
     Registra({QStringLiteral("avvia"), programma, argomenti.join(u' ')});
+    if (esegui) return esegui(programma, argomenti);
     return codiciUscita.isEmpty() ? 0 : codiciUscita.takeFirst();
 }
 

@@ -31,6 +31,9 @@ public:
     QDateTime adesso = QDateTime(QDate(2026, 1, 15), QTime(10, 30, 0));
     QStringList processiAttivi; // names that TerminaProcessi can end
     QList<int> codiciUscita;    // exit codes of the programs started, in order
+    // When set, a program started really runs through it (the command line runs the host's
+    // programs; a test may run a scripted double); else codiciUscita answers.
+    std::function<int(const QString& programma, const QStringList& argomenti)> esegui;
     bool altraIstanza = false;
     bool stampanteScelta = true;           // false: the print dialog is cancelled
     std::optional<Risposta> rispostaFissa; // answers every question (--si, --no)

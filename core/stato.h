@@ -103,7 +103,8 @@ struct Stato {
     int EsitoDialogo = -1;
     int ModoEditor = 0;                     // 381, 382, 383 while the editor is open
     QMap<int, GestoreEditor> GestoriEditor; // modes 382 and 383, installed by their owners
-    int ErroriMostrati = 0; // how many error reports were shown (the command line's exit code)
+    int ErroriMostrati = 0;  // how many error reports were shown (the command line's exit code)
+    QString UltimoRisultato; // the last answer given to a sibling tool (RispondiTag, ScriviTag)
     // Replaces the survey part of the document by the rows of an .LXB companion. Installed by
     // the row regrouping (it lives above core); a load without it ignores the companion.
     std::function<void(Stato&, const QString& testoLxb)> SostituisciRilievoDaLxb;

@@ -1,6 +1,7 @@
 #include "piattaforma_qt.h"
 
 #include "percorsi.h"
+#include "shell.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -136,19 +137,7 @@ void PiattaformaQt::SalvaImpostazione(const QString& sezione, const QString& chi
 }
 
 int PiattaformaQt::AvviaEAttendi(const QString& programma, const QStringList& argomenti) {
-    QProcess p;
-    QString eseguibile = PercorsoLocale(programma);
-    QStringList arg = argomenti;
-#ifndef Q_OS_WIN
-    if (programma.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive)) {
-        arg.prepend(eseguibile);
-        eseguibile = QStringLiteral("wine");
-    }
-#endif
-    p.start(eseguibile, arg);
-    if (!p.waitForStarted(-1)) return -1;
-    p.waitForFinished(-1);
-    return p.exitCode();
+    return AvviaProcessoHost(programma, argomenti);
 }
 
 int PiattaformaQt::TerminaProcessi(const QString& nome) {

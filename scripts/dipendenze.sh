@@ -2,7 +2,12 @@
 # Installs with apt-get the Debian packages that the build and the tests need, when missing.
 set -e
 pacchetti=(build-essential cmake qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev zlib1g-dev
-  libminizip-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format unzip fonts-dejavu-core)
+  libminizip-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format unzip fonts-dejavu-core
+  qt6-translations-l10n qt6-image-formats-plugins)
+# The programs that check what leaves Tavolet as a user meets it: DXF, HTML, PDF readers.
+if [ "$1" != "run" ]; then
+  pacchetti+=(python3-ezdxf gdal-bin chromium poppler-utils qpdf)
+fi
 # Without a display, make run opens the program under a virtual X server.
 if [ "$1" = "run" ] && [ -z "$DISPLAY" ] && [ -z "$WAYLAND_DISPLAY" ]; then
   pacchetti+=(xvfb xauth)
