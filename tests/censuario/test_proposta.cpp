@@ -1,0 +1,65 @@
+// EsplodiAreeProposta: the two passes over the Proposta and its exchange files.
+#include "supporto_censuario.h"
+
+#include <QFile>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+TEST(Proposta, AreeEModelloComeLiVuolePregeo) {
+    const AreeProposta a = AreeDaProposta(DaWindows1252(Dati("censuario/proposta.txt")));
+    // Kept on purpose: BBB's parent 99 has no area and takes the one of the row before; the
+    // parts with "+" never reach the files; an outline of area 0 is passed over.
+    EXPECT_EQ(a.aree, ConCensuario::Attese("aree_attese.txt"));
+    EXPECT_EQ(a.modello, ConCensuario::Attese("modello_atteso.txt"));
+}
+
+TEST(Proposta, SenzaRigaAggiornataFileVuoti) {
+    const QString testo =
+        QStringLiteral("6|ESTRATTO DI MAPPA|\r\n7|5|1%|2%|3%|4%|1%|NC|35|35|100|\r\n");
+    const AreeProposta a = AreeDaProposta(testo);
+    EXPECT_TRUE(a.aree.isEmpty());
+    EXPECT_TRUE(a.modello.isEmpty());
+    EXPECT_TRUE(AreeDaProposta(QString()).aree.isEmpty());
+}
+
+TEST_F(ConCensuario, IlDoppioDiPonticelloLasciaLaPropostaEIFileSiScrivono) {
+    // A scripted double of the helper, mapped as the settings map the real one.
+    const QString destinazione =
+        PercorsoLocale(s.amb.CartellaLavoro + QStringLiteral("\\TEMP\\ESPORTA_PROPOSTA.txt"));
+    QDir().mkpath(QFileInfo(destinazione).path());
+    const QString script = radice.Percorso() + QStringLiteral("/ponticello.sh");
+    {
+        QFile f(script);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(QStringLiteral("#!/bin/sh\n[ \"$1\" = ESPORTA_TUTTO ] || exit 3\ncp '%1' '%2'\n")
+                    .arg(PercorsoDati("censuario/proposta.txt"), destinazione)
+                    .toUtf8());
+    }
+    p.impostazioni[kSezioneProgrammi + QStringLiteral("/PONTICELLO.EXE")] =
+        QStringLiteral("/bin/sh ") + script;
+    p.esegui = [](const QString& programma, const QStringList& argomenti) {
+        return AvviaProcessoHost(programma, argomenti);
+    };
+    Libretto();
+    EsplodiAreeProposta(s);
+    EXPECT_EQ(s.ErroriMostrati, 0);
+    ASSERT_FALSE(p.eventi.isEmpty());
+    EXPECT_EQ(p.eventi.first().tipo, QStringLiteral("avvia"));
+    EXPECT_TRUE(p.eventi.first().testo.contains(QStringLiteral(" ESPORTA_TUTTO 26123")));
+    const QByteArray aree = radice.Leggi(PercorsoCensuario(s, kFileAree));
+    EXPECT_EQ(aree, Dati("censuario/aree_attese.txt"));
+    EXPECT_EQ(radice.Leggi(PercorsoCensuario(s, kFileModello)),
+              Dati("censuario/modello_atteso.txt"));
+    // TempProposta: the text as read plus one further line end.
+    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + QStringLiteral("\\TEMP\\TempProposta")),
+              Dati("censuario/proposta.txt") + "\r\n");
+}
+
+TEST_F(ConCensuario, SenzaPonticelloIFileEsistonoVuoti) {
+    EsplodiAreeProposta(s);
+    QStringList aree = {QStringLiteral("x")};
+    EXPECT_TRUE(LeggiAreeCensuario(s, aree));
+    EXPECT_TRUE(aree.isEmpty());
+    EXPECT_TRUE(LeggiModelloCensuario(s).isEmpty());
+}

@@ -1,0 +1,135 @@
+// A model composed by the censuary screens, put into a libretto, passes the regrouping.
+#include "riordino.h"
+#include "supporto_censuario.h"
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+const QString kAvviso = QStringLiteral("non corrisponde al numero delle righe PRESENTI");
+
+bool Avvisato(const PiattaformaFinta& p) {
+    for (const QString& m : p.Messaggi())
+        if (m.contains(kAvviso)) return true;
+    return false;
+}
+
+} // namespace
+
+TEST_F(ConCensuario, OgniModelloPassaIlRiordinoSenzaAvviso) {
+    const QStringList particelle = {
+        QStringLiteral("6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|120.50|80.25|SN|"),
+        QStringLiteral("6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|SN|")};
+    const CampiParticella p35 =
+        CampiDaParticella(QStringLiteral("A001_00012_35.MAP"), particelle[0], s.amb.TabellaQualita);
+
+    struct Caso {
+        const char* nome;
+        std::function<void()> componi;
+    };
+    const QList<Caso> casi = {
+        {"frazionamento",
+         [&] {
+             PropostaPronta();
+             Frazionamento f;
+             f.particella = Particella(QStringLiteral("35"), QStringLiteral("29380"));
+             ApriFrazionamento(s, f);
+             PropostaAutomatica(s, f);
+             p.risposte << Risposta::No;
+             AggiungiAMemo(s, f);
+             SalvaPropostaFile(s, f);
+         }},
+        {"frazionamento 282 senza passare dal memo",
+         [&] {
+             Frazionamento f;
+             f.TipoOperazione = kFrazionamento282;
+             f.particella = Particella(QStringLiteral("35"), QStringLiteral("1000"));
+             ApriFrazionamento(s, f);
+             CambiaNumeroCostituite(s, f, QStringLiteral("3"));
+             CambiaAreaProporzionale(s, f, QStringLiteral("300"));
+             p.risposte << Risposta::No;
+             AggiungiAMemo(s, f);
+             SalvaPropostaFile1(s, f);
+         }},
+        {"stralcio",
+         [&] {
+             PropostaPronta();
+             Frazionamento f;
+             f.tipo = TipoSchema::Stralcio;
+             f.particella = Particella(QStringLiteral("35"), QStringLiteral("29380"));
+             ApriFrazionamento(s, f);
+             PropostaAutomatica(s, f);
+             p.risposte << Risposta::No;
+             AggiungiAMemo(s, f);
+             SalvaPropostaFile1(s, f);
+         }},
+        {"nuova costruzione",
+         [&] {
+             QStringList memo = RigheCensuarieDi(s.doc.TestoLibretto);
+             AggiungiMemoNuovaCostruzione(memo, ModelloNuovaCostruzione(p35));
+             SostituisciCensuario(s, memo, QStringLiteral("Decozero_106"));
+         }},
+        {"variazione",
+         [&] {
+             QStringList memo = RigheCensuarieDi(s.doc.TestoLibretto);
+             AggiungiMemoVariazione(memo, ModelloVariazione(p35));
+             AggiungiMemoVariazione(memo, ModelloVariazione(p35));
+             SostituisciCensuario(s, memo, QStringLiteral("Decozero_107"));
+         }},
+        {"fusione TM di tre particelle",
+         [&] {
+             OpzioniFusione o;
+             o.particelle = particelle + QStringList{particelle[0]};
+             QStringList a = AnteprimaFusione({}, o, s.amb.TabellaQualita);
+             QStringList memo;
+             AggiungiMemoFusione(s, memo, a);
+             AggiungiFusioneALibretto(s, memo);
+         }},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.nome);
+        Libretto();
+        EliminaFile(PercorsoCensuario(s, QStringLiteral("51FTP.CEN")));
+        EliminaFile(PercorsoCensuario(s, QStringLiteral("3SPC.CEN")));
+        p.eventi.clear();
+        c.componi();
+        const QStringList modello = RigheCensuarieDi(s.doc.TestoLibretto);
+        ASSERT_GE(modello.size(), 4);
+        EXPECT_TRUE(TutteCensuarie(modello));
+        const GruppiLibretto g = EsplodiLibretto(s);
+        EXPECT_EQ(g.GruppoCensuario, modello);
+        EXPECT_FALSE(Avvisato(p)) << p.Messaggi().join(u'\n').toStdString();
+        ASSERT_TRUE(RicomponiLibretto(s, g));
+        EXPECT_EQ(RigheCensuarieDi(s.doc.TestoLibretto), modello);
+        EXPECT_EQ(s.ErroriMostrati, 0);
+    }
+}
+
+TEST_F(ConCensuario, UnaRigaAccorciataAManoRestaNelLibretto) {
+    Libretto();
+    QStringList memo = Attese("nuova_costruzione.txt");
+    const QString accorciata = memo[4].left(50);
+    s.doc.TestoLibretto += TestoRighe(memo.mid(0, 4)) + accorciata + CRLF;
+    // The model is replaced; the row that lost its length is no longer part of it and stays.
+    ASSERT_TRUE(SostituisciCensuario(s, memo, QStringLiteral("Decozero_106")));
+    EXPECT_TRUE(s.doc.TestoLibretto.contains(accorciata + CRLF));
+    EXPECT_EQ(RigheCensuarieDi(s.doc.TestoLibretto), memo);
+}
+
+TEST_F(ConCensuario, IlModelloAusiliarioNonEContatoDalRiordino) {
+    // The regrouping counts only the heads "3SPC " and "51FTP": a fusione of kind
+    // "Ausiliario" alone gets its warning there.
+    Libretto();
+    OpzioniFusione o;
+    o.tm = false;
+    o.particelle = {QStringLiteral("6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|0|0|SN|")};
+    QStringList a = AnteprimaFusione({}, o, s.amb.TabellaQualita);
+    QStringList memo;
+    AggiungiMemoFusione(s, memo, a);
+    SostituisciFusioneInLibretto(s, memo);
+    p.eventi.clear();
+    const GruppiLibretto g = EsplodiLibretto(s);
+    EXPECT_EQ(g.GruppoCensuario.size(), 5);
+    EXPECT_TRUE(Avvisato(p));
+}
