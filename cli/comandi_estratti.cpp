@@ -1,6 +1,7 @@
 // Commands on extracts (.EMP).
 #include "comandi.h"
 #include "copia_estratto.h"
+#include "cxf.h"
 #include "estratto.h"
 
 namespace tavolet::cli {
@@ -90,6 +91,18 @@ const Registra copia({{"estratto", "copia"},
                           if (!DrageDrop(c.stato, percorso)) return 1;
                           c.out << "NomeEstratto=" << c.stato.doc.NomeEstratto << '\n';
                           return 0;
+                      }});
+
+const Registra dacxf({{"estratto", "dacxf"},
+                      "IN [OUT.EMP]",
+                      "converte i BORDO di un CXF (col suo .SUP) in un .EMP e il .PNG vuoto",
+                      1,
+                      [](Contesto& c) {
+                          const QString in = PercorsoArgomento(c.argomenti[0]);
+                          const QString out = c.argomenti.size() > 1
+                                                  ? PercorsoArgomento(c.argomenti[1])
+                                                  : QString();
+                          return EstrattoDaCxf(c.stato, in, out).isEmpty() ? 1 : 0;
                       }});
 
 } // namespace

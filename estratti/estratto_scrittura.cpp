@@ -53,7 +53,7 @@ void OrdinaPunti(Estratto& e) {
     }
     std::stable_sort(voci.begin(), voci.end(), [](const Voce& a, const Voce& b) {
         if (a.ascii && b.ascii) return a.chiave < b.chiave;
-        return a.riga.compare(b.riga, Qt::CaseInsensitive) < 0;
+        return MinoreInLista(a.riga, b.riga);
     });
     e.SORTED.clear();
     e.SORTED.reserve(qsizetype(voci.size()));

@@ -34,6 +34,11 @@ QString ConCampoUno(const QString& riga, const QString& nuovo);
 // when the row has fewer than k bars.
 void CampoDaFondo(const QString& riga, int k, qsizetype& inizio, qsizetype& fine);
 
+// The order of the form's sorted lists: text without regard to case.
+inline bool MinoreInLista(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) < 0;
+}
+
 // For each id, the index of the first row of Punti that begins with "8|<id>|".
 QHash<QString, int> IndicePunti(const QStringList& punti);
 
