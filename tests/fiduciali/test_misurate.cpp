@@ -1,0 +1,173 @@
+// The report of measured distances, from a drawing and from a libretto, the measures of one
+// point, the choice and deletion of an archive, and the search of the pairs against a plain one.
+#include "fiduciali.h"
+#include "generatore_taf.h"
+#include "supporto.h"
+
+namespace tavolet::test {
+
+namespace {
+
+struct Misurate : ConPregeo {
+    void SetUp() override {
+        ConPregeo::SetUp();
+        radice.Scrivi("C:\\fiducial\\DATI\\A001.TAF", Dati("fiduciali/A001.TAF"));
+        radice.Scrivi("C:\\fiducial\\DATI\\PD2020.DDD", Dati("fiduciali/PD2020.DDD"));
+        // An older archive of the same province: the last one by name is taken.
+        radice.Scrivi("C:\\fiducial\\DATI\\PD2015.DDD", "");
+    }
+    QList<PuntoPF> Disegno() const {
+        return {{"100", 0, 0},
+                {"pf02/0100/A001", 23790.43, -12512.09},
+                {"PF01/0100/A001", 23456.78, -12345.67},
+                {"PF03/0100/A001", 23102.31, -12120.01}};
+    }
+};
+
+} // namespace
+
+TEST_F(Misurate, RapportoDalDisegnoGolden) {
+    QList<PuntoPF> punti = Disegno();
+    const QStringList r = CalcolaMisuratePF(s, punti);
+    EXPECT_EQ(punti[1].nome, "PF02/0100/A001"); // upper-cased in place
+    EXPECT_EQ(s.doc.NomeMisurate, "PD2020.DDD");
+    ConfrontaGolden(LeggiByte(PercorsoFileMisurate(s)), "fiduciali/Misurate_disegno.TXT");
+    EXPECT_EQ(Join(r, CRLF), DaWindows1252(Dati("fiduciali/Misurate_disegno.TXT")));
+    // Pair PF02-PF03 has no measure: its block ends without a mean.
+    const int ultima = int(r.lastIndexOf(kIntestazioneMisurate));
+    EXPECT_FALSE(r.mid(ultima).join("\n").contains("( Media )"));
+    EXPECT_EQ(p.Messaggi(), QStringList());
+    ASSERT_FALSE(p.eventi.isEmpty());
+    EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
+}
+
+TEST_F(Misurate, RapportoDalLibretto) {
+    const QStringList libretto = {"0|x|",
+                                  "9|20|",
+                                  "8|PF01/0100/A001|-12345.670|23456.780|01|X|",
+                                  "8|pf03/0100/A001|1|2|",
+                                  "8|PF01/0100/A001|12.450|02|BASE|", // height row: same point
+                                  "8|PF77/0100/A001|1|2|",
+                                  "2|PF02/0100/A001|1|"};
+    const QStringList r = CalcolaMisuratePF_DaLibretto(s, libretto);
+    // PF77 is not in the TAF: told, and kept among the names.
+    EXPECT_EQ(
+        p.Messaggi(),
+        QStringList({"PF Non trovato: Il PF77/0100/A001\r\n Non è stato trovato nella TAF!"}));
+    EXPECT_EQ(r.count(kIntestazioneMisurate), 3);
+    // No drawing: the survey distance is 0 and the differences are against 0.
+    const QString h = "PF01/0100/A001 - PF03/0100/A001 ";
+    EXPECT_TRUE(r.contains(h + "        0.000               (REALE)"));
+    EXPECT_TRUE(r.contains(h + "      420.215  -420.215               ( TAF )    "));
+    EXPECT_TRUE(r.contains(h + "      420.230   0.020  2010  PD0023456  -420.230"));
+    EXPECT_TRUE(r.contains(Space(32) + "      420.230               ( Media )    "));
+    // When only one of the two is in the TAF no "( TAF )" line stands for the pair.
+    const int i =
+        int(r.indexOf("PF01/0100/A001 - PF77/0100/A001         0.000               (REALE)"));
+    ASSERT_GT(i, 0);
+    EXPECT_FALSE(r.value(i + 1).contains("( TAF )"));
+
+    p.eventi.clear();
+    EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, {"0|x|", "2|PF01/0100/A001|"}).isEmpty());
+    EXPECT_EQ(p.Messaggi(), QStringList({"MISURATE PF: Nessun PF trovato nel libretto"}));
+}
+
+TEST_F(Misurate, CinquantaSiCinquantunoNo) {
+    QList<PuntoPF> punti;
+    for (int i = 0; i < 50; ++i) punti.append({CodiceGenerato(i, "A001"), double(i), 0});
+    punti.append(punti[7]); // a fiducial twice counts once
+    QList<PuntoPF> copia = punti;
+    EXPECT_EQ(CalcolaMisuratePF(s, copia).count(kIntestazioneMisurate), 50 * 49 / 2);
+    EXPECT_FALSE(p.Messaggi().contains("Problema !!: Troppi PF da elaborare"));
+    punti.append({CodiceGenerato(60, "A001"), 1, 1});
+    p.eventi.clear();
+    EXPECT_TRUE(CalcolaMisuratePF(s, punti).isEmpty());
+    EXPECT_EQ(p.Messaggi(), QStringList({"Problema !!: Troppi PF da elaborare"}));
+}
+
+TEST_F(Misurate, MessaggiDelDisegno) {
+    QList<PuntoPF> punti = {{"100", 0, 0}, {"PF01/0100/A00X", 1, 1}};
+    EXPECT_TRUE(CalcolaMisuratePF(s, punti).isEmpty());
+    EXPECT_EQ(p.Messaggi(),
+              QStringList({"MISURATE PF: Trovato PF con C.F. Catastale \r\nSCARTATO!\r\n"
+                           "PF01/0100/A00X",
+                           "MISURATE PF: Nessun PF trovato nel disegno"}));
+    EXPECT_EQ(punti.size(), 1);
+
+    // A province with no archive.
+    p.eventi.clear();
+    punti = {{"PF01/0100/L736", 0, 0}, {"PF02/0100/L736", 1, 1}};
+    EXPECT_TRUE(CalcolaMisuratePF(s, punti).isEmpty());
+    EXPECT_EQ(p.Messaggi(), QStringList({"Archivio Misurate: Archivio C:\\fiducial\\DATI\\VE Non "
+                                         "installato. Provvedere e ritentare!"}));
+    p.eventi.clear();
+    p.risposte = {Risposta::Si};
+    EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, {"8|PF01/0100/L736|1|2|"}).isEmpty());
+    EXPECT_EQ(p.Domande(), QStringList({"Archivio Misurate: Archivio C:\\fiducial\\DATI\\VE Non "
+                                        "installato. Scaricare Archivio?"}));
+}
+
+TEST_F(Misurate, MisurateDa1PF) {
+    const QStringList r = MisurateDa1PF(s, " PF02/0100/A001 ");
+    EXPECT_EQ(r, QStringList({"Provincia di : PD2020.DDD",
+                              "PF01/0100/A001   PF02/0100/A001       372.862   0.030  2009  "
+                              "PD0012345",
+                              "PF01/0100/A001   PF02/0100/A001       372.840   0.025  2011  "
+                              "PD0045678",
+                              "PF02/0100/A001   PF04/0100/A001       497.551   0.040  2012  "
+                              "PD0056789"}));
+    EXPECT_EQ(LeggiTesto(PercorsoFileMisurate(s)), Join(r, CRLF));
+    EXPECT_EQ(
+        MisurateDa1PF(s, "PF09/0100/A001"),
+        QStringList({"Provincia di : PD2020.DDD", "Nessuna relazione con altri PF trovata!"}));
+    p.eventi.clear();
+    EXPECT_TRUE(MisurateDa1PF(s, "PF01/0100/L736").isEmpty());
+    EXPECT_EQ(p.Domande(), QStringList({"Misurate non Trovate: File VE non trovato!!\r\nVuoi "
+                                        "scaricarlo ora?"}));
+}
+
+TEST_F(Misurate, SceltaEdEliminazioneArchivio) {
+    EXPECT_EQ(FileDdd(s), QStringList({"PD2015.DDD", "PD2020.DDD"}));
+    EXPECT_FALSE(SelezionaLeMisurate(s, ""));
+    EXPECT_EQ(p.Messaggi(), QStringList({"Seleziona archivio: Selezionare un Database!!"}));
+    EXPECT_TRUE(SelezionaLeMisurate(s, "pd2015.ddd"));
+    EXPECT_EQ(s.doc.NomeMisurate, "PD2015.DDD");
+    EXPECT_EQ(s.UltimoRisultato, "PD2015.DDD");
+    p.risposte = {Risposta::No};
+    EXPECT_FALSE(EliminaDatabaseMisurate(s, "PD2015.DDD"));
+    EXPECT_TRUE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
+    p.risposte = {Risposta::Si};
+    EXPECT_TRUE(EliminaDatabaseMisurate(s, "PD2015.DDD"));
+    EXPECT_FALSE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
+    EXPECT_EQ(p.Domande().last(), "Eliminazione Database: Eliminare definitivamente PD2015.DDD ??");
+}
+
+TEST(RigaDdd, CampiEBrevi) {
+    const MisuraDdd m =
+        LeggiRigaDdd("PF01/0100/A001   PF02/0100/A001       383.512   0.030  2009  PD0012345");
+    EXPECT_EQ(m.codice1, "PF01/0100/A001");
+    EXPECT_EQ(m.codice2, "PF02/0100/A001");
+    EXPECT_DOUBLE_EQ(m.distanza, 383.512);
+    const MisuraDdd corta = LeggiRigaDdd("PF01/0100/");
+    EXPECT_EQ(corta.codice1, "PF01/0100/");
+    EXPECT_EQ(corta.distanza, 0);
+}
+
+TEST(RigheConCoppie, UgualeAllaRicercaSemplice) {
+    std::mt19937 rng(13);
+    for (int prova = 0; prova < 60; ++prova) {
+        const int fiduciali = 5 + int(rng() % 60);
+        const QStringList righe =
+            RigheDiTesto(DddGenerato(int(rng() % 200), fiduciali, "A001", rng));
+        QStringList nomi;
+        for (int i = 0; i < fiduciali; ++i)
+            if (rng() % 3 == 0) nomi << CodiceGenerato(i, "A001");
+        if (rng() % 4 == 0) nomi << "0100/A001"; // not a fiducial code: searched plainly
+        if (rng() % 4 == 0) nomi << CodiceGenerato(1, "A001") + "@";
+        nomi.removeDuplicates();
+        ASSERT_EQ(RigheConCoppie(righe, nomi), RigheConCoppieRiferimento(righe, nomi))
+            << "prova " << prova;
+    }
+}
+
+} // namespace tavolet::test
