@@ -62,6 +62,7 @@ struct Testata {
     QString NomeComuneLibretto, SiglaProvinciaLibretto, NomeProvinciaLibretto;
     QString TipoAtto, NomeArchivio;
     QString Cognome, Nome; // from the technician's record
+    QString Recapito;      // the technician's address, from the same record
 };
 
 struct Comune {

@@ -3,6 +3,7 @@
 #include "ambiente.h"
 #include "documento.h"
 #include "errore.h"
+#include "file_testo.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -125,6 +126,54 @@ SigleConfigurazione AggiornaConfigurazionePregeo(Stato& stato) {
         DecoZeroNove(stato);
     });
     return sigle;
+}
+
+QString PercorsoFileTecnico(const Stato& stato, const QString& tecnico) {
+    return stato.amb.CartellaLavoro + QStringLiteral("\\tecnici\\") + tecnico +
+           QStringLiteral(".PFS");
+}
+
+ValoriTecnico LeggiValoriTecnico(const QString& testo) {
+    QString unito = Join(RigheDiTesto(testo), QStringLiteral(","));
+    unito.remove(u'"');
+    const QStringList v = Split(unito + QStringLiteral(",,,,,,,,,,,"), QStringLiteral(","));
+    ValoriTecnico t;
+    t.Tecnico = v[0];
+    t.Qualifica = v[1];
+    t.ProvinciaAlbo = v[2];
+    t.NumeroIscrizioneAlbo = v[6];
+    t.CodiceFiscaleTecnico = v[7];
+    t.Cognome = v[8];
+    t.Nome = v[9];
+    t.Recapito = v[10];
+    return t;
+}
+
+void CaricaFileTecnico(Stato& stato, const QString& tecnico) {
+    const QString percorso = PercorsoFileTecnico(stato, tecnico);
+    if (Trim(tecnico).isEmpty() || !EsisteFile(percorso)) return;
+    ConTrappola(stato, QStringLiteral("CaricaFileTecnico"), [&] {
+        const ValoriTecnico v = LeggiValoriTecnico(LeggiTesto(percorso));
+        Testata& t = stato.testata;
+        t.Tecnico = v.Tecnico;
+        t.Qualifica = v.Qualifica;
+        t.ProvinciaAlbo = v.ProvinciaAlbo;
+        stato.doc.NumeroIscrizioneAlbo = v.NumeroIscrizioneAlbo;
+        stato.doc.CodiceFiscaleTecnico = v.CodiceFiscaleTecnico;
+        t.Cognome = v.Cognome;
+        t.Nome = v.Nome;
+        t.Recapito = v.Recapito;
+    });
+}
+
+QString TestoFileTecnico(const Stato& stato) {
+    auto q = [](const QString& s) { return u'"' + s + u'"'; };
+    const Testata& t = stato.testata;
+    const Documento& d = stato.doc;
+    return q(t.Tecnico) + u',' + q(t.Qualifica) + u',' + q(t.ProvinciaAlbo) + CRLF + q("10") +
+           u',' + q("20") + u',' + q(t.Strumentazione) + CRLF + q(d.NumeroIscrizioneAlbo) + u',' +
+           q(d.CodiceFiscaleTecnico) + CRLF + q(t.Cognome) + CRLF + q(t.Nome) + CRLF +
+           q(t.Recapito) + CRLF;
 }
 
 } // namespace tavolet

@@ -28,4 +28,24 @@ struct SigleConfigurazione {
 // siglas that the writer of PREGEO.INI needs.
 SigleConfigurazione AggiornaConfigurazionePregeo(Stato& stato);
 
+// The technician's record CartellaLavoro\tecnici\<Tecnico>.PFS: read at start and by the head
+// dialog, written when the head is confirmed.
+
+// Path of the record of that technician.
+QString PercorsoFileTecnico(const Stato& stato, const QString& tecnico);
+
+// The values of a record's text, by position after joining its lines with commas and deleting
+// the quotes; a short text gives blanks and a comma inside a value shifts the ones behind it.
+struct ValoriTecnico {
+    QString Tecnico, Qualifica, ProvinciaAlbo, NumeroIscrizioneAlbo, CodiceFiscaleTecnico, Cognome,
+        Nome, Recapito;
+};
+ValoriTecnico LeggiValoriTecnico(const QString& testo);
+
+// Loads the record of that technician into the shared values; a missing file changes nothing.
+void CaricaFileTecnico(Stato& stato, const QString& tecnico);
+
+// The six lines of the record from the shared values.
+QString TestoFileTecnico(const Stato& stato);
+
 } // namespace tavolet
