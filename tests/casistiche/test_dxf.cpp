@@ -1,0 +1,203 @@
+// Polylines of DXF files, real ones and hand-made, through the CAD list.
+#include "casistiche.h"
+#include "supporto.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <cmath>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Dxf : ConPregeo {
+    Casistica c;
+    bool Leggi(const QString& nome) {
+        return GeneraLibrettoDaPoliLineeDXF(s, c, PercorsoDati("casistiche/" + nome));
+    }
+    QStringList Righe(int tipo) const {
+        QStringList r;
+        for (const QString& riga : Split(c.RigheSpezzate, CRLF))
+            if (!riga.isEmpty() && TipoRiga(riga) == tipo) r << riga;
+        return r;
+    }
+};
+
+// Vertices of the polylines on the layers of the cases, as ezdxf reads them: one line
+// "layer closed n y x y x ..." per polyline.
+QStringList PolilineeEzdxf(const QString& percorso, bool* saltato) {
+    const QString script = QStringLiteral(R"(
+import sys, ezdxf
+doc = ezdxf.readfile(sys.argv[1])
+noti = {'RT','RP','RC','NC','PARTICELLE','FABBRICATI'}
+for e in doc.modelspace():
+    t = e.dxftype()
+    if t not in ('LWPOLYLINE', 'POLYLINE') or e.dxf.layer.strip() not in noti:
+        continue
+    if t == 'LWPOLYLINE':
+        pts = [(p[0], p[1]) for p in e.get_points('xy')]
+        chiusa = e.closed
+    else:
+        pts = [(v.dxf.location.x, v.dxf.location.y) for v in e.vertices]
+        chiusa = False  # the reader never closes an old-style polyline
+    print(e.dxf.layer.strip(), int(chiusa), len(pts), ' '.join('%r %r' % (y, x) for x, y in pts))
+)");
+    *saltato = false;
+    QProcess p;
+    p.start("/usr/bin/python3", {"-c", "import ezdxf"});
+    if (!p.waitForFinished(30000) || p.exitCode() != 0) {
+        *saltato = true;
+        return {};
+    }
+    p.start("/usr/bin/python3", {"-c", script, percorso});
+    p.waitForFinished(120000);
+    return QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+TEST_F(Dxf, FileRealiSenzaLayerNotiNonDannoDati) {
+    for (const char* nome : {"POLI-ALL210_12.DXF", "small_r13.dxf", "images.dxf", "usa.dxf",
+                             "Leica_Disto_S910.dxf", "houses_of_parliament_georeferenced.dxf"}) {
+        p.eventi.clear();
+        EXPECT_FALSE(Leggi(nome)) << nome;
+        EXPECT_EQ(p.Messaggi(), QStringList{"Tavolet: Nessun dato trovato in memoria!"}) << nome;
+    }
+}
+
+TEST_F(Dxf, DxfBinarioRifiutato) {
+    EXPECT_FALSE(Leggi("bin_dxf_r12.dxf"));
+    ASSERT_EQ(p.Messaggi().size(), 1);
+    EXPECT_EQ(p.Messaggi()[0], "Importa Polilinee da DXF: " + kDxfBinario);
+    EXPECT_TRUE(ListaDaPoliLineeDxf(Dati("casistiche/bin_dxf_r12.dxf")).binario);
+}
+
+// Every vertex a row 8, every polyline a row 7, checked against ezdxf.
+TEST_F(Dxf, LayerRinominatiControEzdxf) {
+    for (const char* nome : {"POLI-ALL210_12_RC.DXF", "small_r13_RC_NC.dxf", "images_RC_NC.dxf",
+                             "usa_NC.dxf", "houses_RC.dxf", "disegno_rc_nc.dxf"}) {
+        bool saltato = false;
+        const QStringList attese =
+            PolilineeEzdxf(PercorsoDati(QStringLiteral("casistiche/") + nome), &saltato);
+        if (saltato) GTEST_SKIP() << "python3-ezdxf non installato (/usr/bin/python3)";
+        ASSERT_FALSE(attese.isEmpty()) << nome;
+        c = Casistica();
+        p.eventi.clear();
+        ASSERT_TRUE(Leggi(nome)) << nome << ' ' << p.Messaggi().join('\n').toStdString();
+
+        // Coordinates of the rows 8, by their rounded value.
+        QSet<QString> punti;
+        for (const QString& r : Righe(8)) {
+            const QStringList f = Split(r, "|");
+            punti.insert(f[2] + '|' + f[3]);
+        }
+        qsizetype vertici = 0, polilinee = 0;
+        for (const QString& riga : attese) {
+            const QStringList w = riga.split(' ', Qt::SkipEmptyParts);
+            const int n = w[2].toInt();
+            if (n == 0) continue;
+            ++polilinee;
+            for (int i = 0; i < n; ++i) {
+                const double y = w[3 + 2 * i].toDouble(), x = w[4 + 2 * i].toDouble();
+                // Rounding of a tie may differ by one unit of the third decimal.
+                bool trovato = false;
+                for (int dy = -1; dy <= 1 && !trovato; ++dy)
+                    for (int dx = -1; dx <= 1 && !trovato; ++dx)
+                        trovato = punti.contains(
+                            Formato(std::round(y * 1000) / 1000 + dy / 1000., "###########.##0") +
+                            '|' +
+                            Formato(std::round(x * 1000) / 1000 + dx / 1000., "###########.##0"));
+                EXPECT_TRUE(trovato) << nome << " vertice " << y << ' ' << x;
+                ++vertici;
+            }
+        }
+        qsizetype primeRighe7 = 0;
+        for (const QString& r : Righe(7))
+            if (!r.startsWith("7|0|")) ++primeRighe7;
+        EXPECT_EQ(primeRighe7, polilinee) << nome;
+        EXPECT_GT(vertici, 0);
+        EXPECT_LE(punti.size(), vertici) << nome;
+    }
+}
+
+TEST_F(Dxf, DisegnoFattoAManoControEzdxfEFileAttesi) {
+    ASSERT_TRUE(Leggi("disegno_rc_nc.dxf"));
+    EXPECT_EQ(AWindows1252(c.RigheProposta), Dati("casistiche/disegno_rc_nc.DAT"));
+    EXPECT_EQ(radice.Leggi(PercorsoEstrattoProvvisorio(s)), Dati("casistiche/disegno_rc_nc.EMP"));
+
+    // Row by row, in order: the closed building repeats its first vertex, the bulge and the
+    // heights change nothing, the unknown layers give no vertex.
+    bool saltato = false;
+    const QStringList attese =
+        PolilineeEzdxf(PercorsoDati("casistiche/disegno_rc_nc.dxf"), &saltato);
+    if (saltato) GTEST_SKIP() << "python3-ezdxf non installato (/usr/bin/python3)";
+    QStringList coordinate;
+    for (const QString& riga : attese) {
+        const QStringList w = riga.split(' ', Qt::SkipEmptyParts);
+        const int n = w[2].toInt();
+        for (int i = 0; i < n + (w[1] == "1" ? 1 : 0); ++i) {
+            const int k = i % n;
+            coordinate << Formato(w[3 + 2 * k].toDouble(), "###########.##0") + '|' +
+                              Formato(w[4 + 2 * k].toDouble(), "###########.##0");
+        }
+    }
+    QStringList lette;
+    for (const QString& r : Righe(8)) lette << Split(r, "|").mid(2, 2).join('|');
+    EXPECT_EQ(lette, coordinate);
+}
+
+TEST_F(Dxf, CasiLimiteDelLettore) {
+    auto lista = [](const QByteArray& b) { return ListaDaPoliLineeDxf(b).testo; };
+    const QByteArray testa = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n8\nRC\n70\n1\n";
+    // A closed polyline: the first vertex again before the next entity, heights lost. Closed
+    // right before the end of the section, it is closed twice: the list reader counts it once.
+    const QString chiusa = "\r\nLAYER RC\r\n"
+                           "al punto  X=1.500  Y=2.250  Z=   0\r\n"
+                           "al punto  X=3.000  Y=4.000  Z=   0\r\n"
+                           "al punto  X=1.500  Y=2.250  Z=   0\r\n";
+    EXPECT_EQ(lista(testa + "10\n1.5\n20\n2.25\n30\n9\n10\n3\n20\n4\n0\nSEQEND\n"),
+              chiusa + " \r\n \r\n");
+    EXPECT_EQ(lista(testa + "10\n1.5\n20\n2.25\n30\n9\n10\n3\n20\n4\n0\nENDSEC\n"),
+              chiusa + " \r\n \r\nal punto  X=1.500  Y=2.250  Z=   0\r\n");
+    // No ENTITIES section: nothing.
+    EXPECT_EQ(lista("0\nSECTION\n2\nBLOCKS\n0\nLWPOLYLINE\n8\nRC\n10\n1\n20\n2\n0\nENDSEC\n"),
+              " \r\n \r\n");
+    // An odd line: the pairs fall out of step and the vertex is not recognised.
+    const QString sfasata =
+        lista("0\nSECTION\n2\nENTITIES\n\n0\nLWPOLYLINE\n8\nRC\n10\n1\n20\n2\n");
+    EXPECT_FALSE(sfasata.contains("al punto"));
+    // A value of text in group 10 reads as zero.
+    EXPECT_TRUE(lista(testa + "10\nABC\n20\n2\n").contains("al punto  X=.000  Y=2.000"));
+    // A code that is no number counts as code 0.
+    EXPECT_FALSE(lista(testa + "XX\nPIPPO\n10\n1\n20\n2\n").contains("al punto"));
+}
+
+TEST_F(Dxf, CentomilaVerticiInUnaPolilinea) {
+    QByteArray b = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n8\nNC\n90\n100000\n70\n0\n";
+    for (int i = 0; i < 100000; ++i)
+        b += "10\n" + QByteArray::number(i * 0.5) + "\n20\n" + QByteArray::number(i % 7) + "\n";
+    b += "0\nENDSEC\n0\nEOF\n";
+    radice.Scrivi("C:\\lavoro\\grande.dxf", b);
+    ASSERT_TRUE(GeneraLibrettoDaPoliLineeDXF(s, c, "C:\\lavoro\\grande.dxf"));
+    EXPECT_EQ(Righe(8).size(), 100000);
+    EXPECT_EQ(Righe(7).size(), 10000);
+    // On RC the ring is too long to be measured: the error report, and the program goes on.
+    b.replace("8\nNC\n", "8\nRC\n");
+    radice.Scrivi("C:\\lavoro\\grande.dxf", b);
+    c = Casistica();
+    EXPECT_FALSE(GeneraLibrettoDaPoliLineeDXF(s, c, "C:\\lavoro\\grande.dxf"));
+    EXPECT_EQ(p.Messaggi().size(), 1);
+}
+
+TEST_F(Dxf, NessunFileScelto) {
+    EXPECT_FALSE(GeneraLibrettoDaPoliLineeDXF(s, c, QString()));
+    EXPECT_EQ(p.Messaggi(), QStringList{"Seleziona Editor: Nessuna File selezionato!"});
+    ASSERT_FALSE(p.eventi.isEmpty());
+    EXPECT_EQ(p.eventi[0].titolo, "Seleziona un File DXF");
+    // A file that is missing: the error report under the routine's tag.
+    EXPECT_FALSE(GeneraLibrettoDaPoliLineeDXF(s, c, "C:\\non\\esiste.dxf"));
+    EXPECT_TRUE(p.Messaggi().last().contains("GeneraLibrettoDaPolilineeDXF"));
+}
