@@ -2,7 +2,10 @@
 #include "comandi.h"
 #include "copia_estratto.h"
 #include "cxf.h"
+#include "unisci.h"
+
 #include "estratto.h"
+#include <unistd.h>
 
 namespace tavolet::cli {
 
@@ -104,6 +107,47 @@ const Registra dacxf({{"estratto", "dacxf"},
                                                   : QString();
                           return EstrattoDaCxf(c.stato, in, out).isEmpty() ? 1 : 0;
                       }});
+
+// Long work tells how far it is, when someone watches the terminal.
+Avanzamento AvanzamentoSuTerminale(const char* cosa) {
+    if (!isatty(2)) return {};
+    return [cosa](int fatti, int totale) {
+        QTextStream err(stderr);
+        err << '\r' << cosa << ' ' << fatti << '/' << totale << (fatti == totale ? "\n" : "");
+    };
+}
+
+const Registra unisci({{"estratto", "unisci"},
+                       "BASE AGGIUNTO OUT",
+                       "unisce due estratti in un autoallestito, fondendo i vertici sovrapposti",
+                       3,
+                       [](Contesto& c) {
+                           const QString out = PercorsoArgomento(c.argomenti[2]);
+                           return ConTrappola(
+                                      c.stato, QStringLiteral("UnisciDueEstratti"),
+                                      [&] {
+                                          const QString testo = UnisciTestiEstratti(
+                                              LeggiTesto(PercorsoArgomento(c.argomenti[0])),
+                                              LeggiTesto(PercorsoArgomento(c.argomenti[1])));
+                                          ScriviTesto(out, testo);
+                                      })
+                                      ? 0
+                                      : 1;
+                       }});
+
+const Registra comune({{"estratto", "comune"},
+                       "CARTELLA CODICE",
+                       "unisce tutti gli estratti del comune CODICE in CARTELLA/CODICE.EMP",
+                       2,
+                       [](Contesto& c) {
+                           Inizializza(c.stato); // the program folder, for the temporary join
+                           const QString nome = SommaComuneInCartella(
+                               c.stato, PercorsoArgomento(c.argomenti[0]), c.argomenti[1], {},
+                               AvanzamentoSuTerminale("Estratti uniti"));
+                           if (nome.isEmpty()) return 1;
+                           c.out << nome << '\n';
+                           return 0;
+                       }});
 
 } // namespace
 
