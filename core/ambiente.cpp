@@ -271,15 +271,22 @@ bool ComandoTag(Stato& stato, const QString& rigaComando) {
             if (stato.DrageDrop) stato.DrageDrop(stato, comando);
             return;
         }
-        if (comando.contains(u'|')) {
-            // path|COMMAND|argument: the libretto of field 0 is loaded.
-            comando = Split(comando + QStringLiteral("|||||"), QStringLiteral("|"))[0];
-            if (comando.isEmpty())
-                comando = stato.amb.CartellaLavoro + QStringLiteral("\\Nuovo.DAT");
+        if (!comando.contains(u'|')) {
+            stato.doc.PercorsoLibretto = comando;
+            CaricaLibrettoMisure(stato);
+            aperto = true;
+            return;
         }
-        stato.doc.PercorsoLibretto = comando;
+        // path|WORD|parameter: the bars appended give every field, the parameter too.
+        const QStringList campi = Split(comando + QStringLiteral("|||||"), QStringLiteral("|"));
+        stato.doc.PercorsoLibretto = campi[0].isEmpty()
+                                         ? stato.amb.CartellaLavoro + QStringLiteral("\\Nuovo.DAT")
+                                         : campi[0];
         CaricaLibrettoMisure(stato);
         aperto = true;
+        const QString parola = UCase(campi[1]);
+        stato.UltimoRisultato = parola;
+        if (stato.EseguiComando) stato.EseguiComando(stato, parola, campi[2]);
     });
     return aperto;
 }
@@ -302,7 +309,11 @@ bool AvvioProgramma(Stato& stato, const QString& rigaComando) {
     CaricaProvince(stato);
     CreaAlberoCartelle(stato);
     ScriviVersioneTavolino(stato);
-    if (!Trim(rigaComando).isEmpty()) ComandoTag(stato, rigaComando);
+    if (!Trim(rigaComando).isEmpty()) {
+        ComandoTag(stato, rigaComando);
+        // A command word is the whole of the run: the program ends after it.
+        if (rigaComando.contains(u'|')) return false;
+    }
     KillPregeo(stato);
     DecoZeroNove(stato);
     CaricaLibrettoInList1(stato);

@@ -239,17 +239,19 @@ void AvviaProgrammaSarvento(Stato& stato, const QString& programma) {
     ShellInfinita(stato, Trim(stato.amb.CartellaProgramFiles + programma));
 }
 
-void CreaCollegamentiPregeo(Stato& stato) {
+bool CreaCollegamentiPregeo(Stato& stato) {
+    bool fatto = false;
     ConTrappola(stato, QStringLiteral("CreaCollegamentiPregeo"), [&] {
         const QString exe = stato.amb.UnitaPregeoExe + QStringLiteral("\\PREGEO\\EXE\\PREGEO.EXE");
         const QString nome =
             Replace(stato.amb.VersionePregeo, QStringLiteral(","), QStringLiteral(" "));
         Piattaforma& p = *stato.piattaforma;
-        p.CreaCollegamento(LuogoCollegamento::Desktop, nome, exe);
+        fatto = p.CreaCollegamento(LuogoCollegamento::Desktop, nome, exe);
         p.CreaCollegamento(LuogoCollegamento::MenuProgrammi, nome, exe);
         p.CreaCollegamento(LuogoCollegamento::Desktop, QStringLiteral("PREGEO"),
                            stato.amb.UnitaPregeoExe + QStringLiteral("\\PREGEO"));
     });
+    return fatto;
 }
 
 std::optional<Carattere> SelezionaCarattere(Stato& stato, const Carattere& attuale) {

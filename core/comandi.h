@@ -42,7 +42,8 @@ inline const QString kSarquad = QStringLiteral("\\Sarvento\\Sarquad.exe ");
 void AvviaProgrammaSarvento(Stato& stato, const QString& programma);
 
 // Shortcuts to Pregeo.EXE on the desktop and in the programs menu, and to Pregeo's folder.
-void CreaCollegamentiPregeo(Stato& stato);
+// True when the desktop's shortcut was made.
+bool CreaCollegamentiPregeo(Stato& stato);
 
 // The font dialog on the list's font; the choice is written to CONFIGURACARATTERE.INI.
 std::optional<Carattere> SelezionaCarattere(Stato& stato, const Carattere& attuale);

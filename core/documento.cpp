@@ -147,18 +147,6 @@ void IncollaDaAppunti(Stato& stato) {
     CaricaLibrettoInList1(stato);
 }
 
-void SalvaArch2Db(Stato& stato) {
-    ConTrappola(stato, QStringLiteral("salvarch2.db"), [&] {
-        const QString base = Split(NomeDelFile(stato.doc.PercorsoLibretto), QStringLiteral("."))[0];
-        const QDateTime ora = stato.piattaforma->Adesso();
-        const QString destinazione =
-            stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\arch\\BackupDB\\") + base + u'_' +
-            ora.toString(QStringLiteral("yyyy-MM-dd")) + u'_' +
-            ora.toString(QStringLiteral("HH-mm-ss")) + QStringLiteral(".db");
-        CopiaFile(stato.amb.PercorsoArch2, destinazione);
-    });
-}
-
 QString ContatoreRighe(const Stato& stato) {
     const ListaRighe& l = stato.doc.RigheLibretto;
     return QString::number(l.Corrente() + 1) + QStringLiteral(" / ") + QString::number(l.Conta());
@@ -184,9 +172,10 @@ bool TrascinaLibretto(Stato& stato, const QString& percorso) {
     if (estensione == u".DXF") {
         p.Messaggio(QStringLiteral("Processo non attivo!"), titolo, Icona::Informazione);
     } else if (estensione == u".PDF") {
-        // Reading the act back from the PDF needs the tag-block reader.
-        p.Domanda(QStringLiteral("Sostituire il Libretto Esistente?"), titolo, Pulsanti::SiNo,
-                  Risposta::Si);
+        if (p.Domanda(QStringLiteral("Sostituire il Libretto Esistente?"), titolo, Pulsanti::SiNo,
+                      Risposta::Si) != Risposta::Si)
+            return false;
+        return stato.CaricaPdf && stato.CaricaPdf(stato, percorso);
     } else {
         p.Messaggio(QStringLiteral("Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"), titolo,
                     Icona::Avviso);

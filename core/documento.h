@@ -19,8 +19,6 @@ QString TestoFileLibretto(const Stato& stato);
 void ScriviLibrettoMisure(Stato& stato);
 void EsportaLibrettoInFile(Stato& stato);
 void IncollaDaAppunti(Stato& stato);
-// Copies Pregeo's archive file into its backups, named after the libretto and the time.
-void SalvaArch2Db(Stato& stato);
 // "n / N": the selected row (1-based, 0 when none) and the number of rows.
 QString ContatoreRighe(const Stato& stato);
 

@@ -112,6 +112,12 @@ struct Stato {
     // Copies a map extract (.EMP, .PNG, .ZIP) named on the command line into Pregeo's
     // extracts folder. Installed by the extracts library.
     std::function<void(Stato&, const QString& percorso)> DrageDrop;
+    // Reopens an act from the PDF that Pregeo printed, once the drop is confirmed. Installed by
+    // the Pregeo bridge; a drop without it loads nothing.
+    std::function<bool(Stato&, const QString& percorso)> CaricaPdf;
+    // Runs a command word of the command line (path|WORD|parameter) with its parameter.
+    // Installed by whoever can open the words' screens; without it no word does anything.
+    std::function<void(Stato&, const QString& parola, const QString& parametro)> EseguiComando;
 };
 
 } // namespace tavolet

@@ -1,10 +1,14 @@
 #include "BV_LibrettoOriginale.h"
 
+#include "BV_Dapregeo.h"
 #include "BV_EditorGen.h"
+#include "EseguiComando.h"
+#include "FormAssegnaDescrizione.h"
 #include "FormRiordinoRighe.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "posizione.h"
+#include "pregeo.h"
 #include "riordino.h"
 
 #include <QApplication>
@@ -71,6 +75,8 @@ BV_LibrettoOriginale::BV_LibrettoOriginale(Stato& stato, QWidget* parent)
     : QMainWindow(parent), stato_(stato) {
     setObjectName(kNomeForm);
     setWindowTitle(TitoloIniziale());
+    // The command words of the command line and the PDF drop open their screens over this form.
+    InstallaComandi(stato_, this);
     CostruisciMenu();
     CostruisciPannelli();
     resize(1280, 800);
@@ -514,12 +520,26 @@ void BV_LibrettoOriginale::ApriConfigurazione() {}
 void BV_LibrettoOriginale::ApriEstratti() {}
 void BV_LibrettoOriginale::subModelloCensuario() {}
 void BV_LibrettoOriginale::ApriTaf() {}
-void BV_LibrettoOriginale::ApriDaPregeoDxf() {}
-void BV_LibrettoOriginale::AssegnaDescrizione() {}
+void BV_LibrettoOriginale::ApriDaPregeoDxf() {
+    LeggiSelezione();
+    AggiornaLibrettoMisure(stato_);
+    BV_Dapregeo::Esegui(stato_, 1, this);
+    MostraDocumento();
+}
+void BV_LibrettoOriginale::AssegnaDescrizione() {
+    LeggiSelezione();
+    ApriAssegnaDescrizione(stato_, this);
+    MostraDocumento();
+}
 void BV_LibrettoOriginale::DistanzePF(const QString&) {}
 void BV_LibrettoOriginale::InfoMisuratePF() {}
 // Of the tags of the utility panel only CONFIGURA_PREGEO acts, on Pregeo's settings screen.
-void BV_LibrettoOriginale::ComandoUtilita(const QString&) {}
+void BV_LibrettoOriginale::ComandoUtilita(const QString& tag) {
+    if (UCase(tag) != u"CONFIGURA_PREGEO") return;
+    LeggiSelezione();
+    EseguiComando(stato_, UCase(tag), QString(), this);
+    MostraDocumento();
+}
 
 void BV_LibrettoOriginale::Trascina(const QString& percorso) {
     if (TrascinaLibretto(stato_, percorso)) MostraDocumento();

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -153,6 +154,8 @@ int PiattaformaQt::TerminaProcessi(const QString& nome) {
         bool numero = false;
         p.toInt(&numero);
         if (!numero) continue;
+        // Only the processes of the current user: another user's Pregeo is not ours to end.
+        if (QFileInfo(QStringLiteral("/proc/") + p).ownerId() != getuid()) continue;
         for (const QString& n2 : NomiProcesso(p)) {
             if (n2.compare(nome, Qt::CaseInsensitive) != 0 &&
                 n2.compare(senzaExe, Qt::CaseInsensitive) != 0)

@@ -147,22 +147,6 @@ TEST_F(DocumentoProva, ScritturaFallitaVaNelRapportoDiErrore) {
     EXPECT_FALSE(EsisteFile(s.doc.PercorsoLibretto));
 }
 
-TEST_F(DocumentoProva, CopiaDiArch2NeiBackup) {
-    radice.Scrivi("C:\\pregeo\\arch\\arch2.db", "DATI");
-    // Without its folder the copy is reported under the routine's tag.
-    SalvaArch2Db(s);
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_TRUE(p.Messaggi()[0].endsWith("Nella Routine salvarch2.db"));
-    CreaCartella("C:\\pregeo\\arch\\BackupDB");
-    s.doc.PercorsoLibretto = "C:\\Libretti\\PROVA.1.DAT";
-    p.adesso = QDateTime(QDate(2026, 3, 7), QTime(9, 5, 2));
-    SalvaArch2Db(s);
-    EXPECT_EQ(radice.Leggi("C:\\pregeo\\arch\\BackupDB\\PROVA_2026-03-07_09-05-02.db"), "DATI");
-    s.doc.PercorsoLibretto.clear();
-    SalvaArch2Db(s);
-    EXPECT_EQ(radice.Leggi("C:\\pregeo\\arch\\BackupDB\\_2026-03-07_09-05-02.db"), "DATI");
-}
-
 TEST_F(DocumentoProva, TrascinamentoSecondoLEstensione) {
     radice.Scrivi("C:\\Libretti\\A.TXT", "0|01012024|9|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n");
     p.risposte << Risposta::No;
