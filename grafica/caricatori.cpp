@@ -1,0 +1,411 @@
+// The loaders: rows of a source file sorted into the row lists, then turned into records.
+#include "grafica.h"
+#include "interno.h"
+
+#include "errore.h"
+#include "file_testo.h"
+#include "stato.h"
+#include "testo.h"
+
+#include <cmath>
+
+namespace tavolet {
+
+using namespace grafica_interno;
+
+namespace {
+
+const QString kMarcaEstratto = QStringLiteral("6|ESTRATTO DI MAPPA|");
+const QString kMarcaProposta = QStringLiteral("6|ESTRATTO DI MAPPA AGGIORNATO|");
+
+void SvuotaListe(ModelloGrafica& g) {
+    g.List1.clear();
+    g.List2[0].clear();
+    g.List2[1].clear();
+    g.List3.clear();
+    g.List4.clear();
+    g.List5.clear();
+}
+
+QStringList RigheDelFile(const QString& percorso) {
+    if (!EsisteFile(percorso)) throw Errore(53);
+    return LeggiRighe(percorso);
+}
+
+// Pieces of a row without the empty piece behind the last bar.
+QStringList CampiRiga(const QString& riga) {
+    QStringList c = Split(riga, QStringLiteral("|"));
+    if (c.size() > 1 && c.last().isEmpty()) c.removeLast();
+    return c;
+}
+
+bool Numerico(const QString& f) {
+    return Val(f) != 0 || (!f.isEmpty() && f[0].isDigit());
+}
+
+struct Stile {
+    int dimensione, colore;
+    const char* font;
+};
+
+Stile StileDelSuffisso(QChar c) {
+    switch (c.unicode()) {
+    case '%':
+        return {8, 0, "Courier New"};
+    case '*':
+        return {10, 12, "Courier New"};
+    case '#':
+        return {8, 13, "Courier New"};
+    case '@':
+        return {8, 9, "Courier New"};
+    case 'L':
+        return {8, 2, "Courier New"};
+    case 'T':
+        return {8, 2, "Arial Narrow"};
+    default:
+        return {8, 0, "Courier New"};
+    }
+}
+
+} // namespace
+
+void BV_CaricaEstratto_EMP(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    QStringList righe;
+    ConTrappola(stato, QStringLiteral("BV_CaricaEstratto_EMP"),
+                [&] { righe = RigheDelFile(percorso); });
+    CaricaRigheEstratto(stato, g, righe);
+}
+
+void CaricaRigheEstratto(Stato& stato, ModelloGrafica& g, const QStringList& righe) {
+    SvuotaListe(g);
+    BV_Clear(g);
+    const VistaGrafica& v = *g.Vista;
+    for (QString riga : righe) {
+        const int tipo = int(Val(riga));
+        if (tipo == 8 && v.PFNo && riga.contains(QStringLiteral("|PF"))) riga.clear();
+        if (tipo == 8 && v.ToponimiNo && riga.contains(QStringLiteral("T|"))) riga.clear();
+        if (tipo == 7) {
+            riga = Replace(riga, QStringLiteral("NT"), QStringLiteral("RT"));
+            riga = Replace(riga, QStringLiteral("NP"), QStringLiteral("RP"));
+        }
+        if (!Trim(riga).isEmpty()) g.List2[0].append(riga);
+    }
+    GeneraGrafica(stato, g);
+}
+
+void CaricaRigheProposta(Stato& stato, ModelloGrafica& g, const QStringList& righe) {
+    SvuotaListe(g);
+    BV_Clear(g);
+    int sezione = -1;
+    for (const QString& riga : righe) {
+        if (riga.contains(kMarcaProposta))
+            sezione = 1;
+        else if (riga.contains(kMarcaEstratto))
+            sezione = 0;
+        if (sezione >= 0) g.List2[sezione].append(riga);
+    }
+    GeneraGrafica(stato, g);
+}
+
+void BV_CaricaPropostaDaLibretto(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    QStringList righe;
+    ConTrappola(stato, QStringLiteral("BV_CaricaPropostaDaLibretto"),
+                [&] { righe = RigheDelFile(percorso); });
+    CaricaRigheProposta(stato, g, righe);
+}
+
+void BV_CaricaProposta_SUR(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    QStringList righe;
+    ConTrappola(stato, QStringLiteral("BV_CaricaProposta_SUR"),
+                [&] { righe = RigheDelFile(percorso); });
+    CaricaRigheProposta(stato, g, righe);
+}
+
+void CaricaRigheElaborazione(Stato& stato, ModelloGrafica& g, const QStringList& righe) {
+    SvuotaListe(g);
+    BV_Clear(g);
+    g.PropostaSiNo = 0;
+    g.List2[0] = righe;
+    GeneraGrafica(stato, g);
+}
+
+void BV_Elaborazione_SUR(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    QStringList righe;
+    ConTrappola(stato, QStringLiteral("BV_Elaborazione_SUR"),
+                [&] { righe = RigheDelFile(percorso); });
+    CaricaRigheElaborazione(stato, g, righe);
+}
+
+void EsplodiBlocchiTag(Stato& stato, ModelloGrafica& g, const BlocchiTag& blocchi) {
+    SvuotaListe(g);
+    BV_Clear(g);
+    for (const BloccoTag& b : blocchi.blocchi) {
+        switch (b.numero) {
+        case 1000:
+            g.List1 += b.pezzi;
+            break;
+        case 2000: {
+            bool aggiornato = false;
+            for (const QString& r : b.pezzi)
+                aggiornato = aggiornato || r.contains(QStringLiteral("AGGIORNATO"));
+            // A Pregeo act carries its updated map: the plot shows it.
+            if (aggiornato) g.PropostaSiNo = 1;
+            g.List2[aggiornato ? 1 : 0] += b.pezzi;
+            break;
+        }
+        case 3000:
+        case 5000:
+            g.List3 += b.pezzi;
+            break;
+        case 4000:
+            g.List4 += b.pezzi;
+            break;
+        default:
+            break;
+        }
+    }
+    GeneraGrafica(stato, g);
+}
+
+void EsplodiPDF(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    EsplodiBlocchiTag(stato, g, LeggiBlocchiTagDaFile(percorso));
+}
+
+void CaricaRigheCSV(Stato& stato, ModelloGrafica& g, const QStringList& righe) {
+    g.List1.clear();
+    g.List3.clear();
+    g.List2[0].clear();
+    for (const QString& riga : righe) {
+        g.List2[0].append(riga);
+        const QString tipo = Split(riga, QStringLiteral(","))[0];
+        if (tipo == QLatin1String("P"))
+            g.List1.append(riga);
+        else if (tipo == QLatin1String("L"))
+            g.List3.append(riga);
+        else
+            g.List1.append(QStringLiteral("P,") + Replace(riga, QStringLiteral("\""), {}));
+    }
+    g.Punti.clear();
+    g.Linee.clear();
+    g.IndiceNomi.clear();
+    ConTrappola(stato, QStringLiteral("BV_LoadFileCSV"), [&] {
+        g.Punti.reserve(g.List1.size());
+        for (const QString& riga : g.List1) {
+            const QStringList c = Split(riga, QStringLiteral(","));
+            const QString nome = Campo(c, 1);
+            const double x = Val(Campo(c, 2));
+            const double y = Val(Campo(c, 3));
+            const double z = c.size() > 4 ? Val(c[4]) : 0;
+            const QString testo = c.size() > 5 ? c[5] : QString();
+            const int colore = c.size() > 6 ? Intero16(Val(c[6])) : 0;
+            BV_AggiungiPuntoGraf(g, nome, x, y, z, testo, colore, 0, QStringLiteral("Courier New"),
+                                 8);
+        }
+        g.Linee.reserve(g.List3.size());
+        for (const QString& riga : g.List3) {
+            const QStringList c = Split(riga, QStringLiteral(","));
+            const double x1 = Val(Campo(c, 1)), y1 = Val(Campo(c, 2));
+            const double x2 = Val(Campo(c, 4)), y2 = Val(Campo(c, 5));
+            const int colore = c.size() > 7 ? Intero16(Val(c[7])) : 0;
+            const int spessore = c.size() > 8 ? Intero16(Val(c[8])) : 1;
+            const int stile = c.size() > 9 ? Intero16(Val(c[9])) : 0;
+            BV_AggiungiLineaGraf(g, x1, y1, 0, x2, y2, 0, colore, spessore, stile);
+        }
+    });
+    BV_ZoomTutto(g);
+}
+
+void BV_LoadFileCSV(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    g.Percorso = percorso;
+    QStringList righe;
+    if (!ConTrappola(stato, QStringLiteral("BV_LoadFileCSV"),
+                     [&] { righe = RigheDelFile(percorso); }))
+        return;
+    CaricaRigheCSV(stato, g, righe);
+}
+
+bool CaricaGraficaDaFile(Stato& stato, ModelloGrafica& g, const QString& percorso) {
+    if (!EsisteFile(percorso)) return false;
+    const QString est = UCase(Right(percorso, 4));
+    if (est == ".EMP" || est == ".AGG" || est == ".SMP") {
+        BV_CaricaEstratto_EMP(stato, g, percorso);
+    } else if (est == ".CSV") {
+        BV_LoadFileCSV(stato, g, percorso);
+    } else if (est == ".PDF") {
+        EsplodiPDF(stato, g, percorso);
+    } else {
+        const QString testo = LeggiTesto(percorso);
+        if (testo.contains(QStringLiteral("[TAG")))
+            EsplodiPDF(stato, g, percorso);
+        else if (testo.contains(kMarcaEstratto) || testo.contains(kMarcaProposta))
+            BV_CaricaProposta_SUR(stato, g, percorso);
+        else
+            BV_Elaborazione_SUR(stato, g, percorso);
+    }
+    return true;
+}
+
+void GeneraGrafica(Stato& stato, ModelloGrafica& g) {
+    g.Punti.clear();
+    g.Linee.clear();
+    g.IndiceNomi.clear();
+    if (g.PropostaSiNo == 0) {
+        AggiungiGrafica(stato, g, 0, 0);
+        g.LibrettoOriginale = g.List2[0];
+    } else {
+        AggiungiGrafica(stato, g, 0, 1);
+        AggiungiGrafica(stato, g, 1, 1);
+        g.LibrettoOriginale = g.List2[0] + g.List2[1];
+    }
+    BV_ZoomTutto(g);
+}
+
+namespace {
+
+struct Anello {
+    QString campi; // ids and tokens, each followed by a bar
+    QString coda;  // style, label, name, area of the first row
+    QString conta; // field 1 of the first row
+};
+
+} // namespace
+
+void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) {
+    const QStringList& lista = g.List2[indice == 1 ? 1 : 0];
+    if (lista.size() < 2) return;
+    ConTrappola(stato, QStringLiteral("AggiungiGrafica"), [&] {
+        // Points.
+        for (const QString& riga : lista) {
+            if (int(Val(riga)) != 8) continue;
+            const QStringList c = Split(riga, QStringLiteral("|"));
+            const QString& id = Campo(c, 1);
+            const Stile st = StileDelSuffisso(id.isEmpty() ? QChar() : id.back());
+            const double y = Val(Campo(c, 2));
+            const double x = Val(Campo(c, 3));
+            QString testo;
+            double angolo = 0;
+            if (!id.isEmpty() && id.back() == u'T') {
+                angolo = Val(Campo(c, 4)) / (2 * M_PI) * 360;
+                testo = Campo(c, 5);
+            }
+            BV_AggiungiPuntoGraf(g, id, x, y, 0, testo, st.colore, angolo,
+                                 QString::fromLatin1(st.font), st.dimensione);
+        }
+
+        // Rings.
+        g.List6.clear();
+        QList<Anello> anelli;
+        Anello corrente;
+        bool aperto = false;
+        for (const QString& riga : lista) {
+            if (!riga.startsWith(QLatin1String("7|"))) continue;
+            const QStringList c = CampiRiga(riga);
+            if (c.size() > 3 && c[3].contains(QStringLiteral("PV"))) continue;
+            const QString& uno = Campo(c, 1);
+            if (uno == QLatin1String("0")) {
+                for (qsizetype i = 2; i < c.size(); ++i) corrente.campi += c[i] + u'|';
+                continue;
+            }
+            if (aperto) {
+                g.List6.append(corrente.campi + corrente.coda);
+                anelli.append(corrente);
+            }
+            corrente = Anello();
+            aperto = true;
+            corrente.conta = uno;
+            const qsizetype n = c.size();
+            const bool senzaCoda = TokenStile(c.last());
+            const qsizetype fine = senzaCoda ? n - 1 : n - 4;
+            for (qsizetype i = 2; i <= fine && i < n; ++i) corrente.campi += c[i] + u'|';
+            if (!senzaCoda)
+                for (qsizetype i = std::max<qsizetype>(n - 3, 2); i < n; ++i)
+                    corrente.coda += c[i] + u'|';
+        }
+        if (aperto) {
+            g.List6.append(corrente.campi + corrente.coda);
+            anelli.append(corrente);
+        }
+
+        int colore = 0, stile = 0;
+        const bool vecchiaMappa = indice == 0 && proposta == 1;
+        for (const Anello& a : anelli) {
+            const QString testo = a.campi + a.coda;
+            const int spessore = testo.contains(u'+') ? 2 : 1;
+            QStringList campi = Split(testo, QStringLiteral("|"));
+            campi.removeLast(); // the piece behind the last bar
+            QString precedente;
+            for (qsizetype i = campi.size() - 1; i >= 0; --i) {
+                const QString& f = campi[i];
+                if (Numerico(f)) {
+                    BV_AggiungiLineaGraf2Punti(g, f, precedente, vecchiaMappa ? 9 : colore,
+                                               spessore, stile);
+                    precedente = f;
+                } else {
+                    stato.TagRoutine = QStringLiteral("AggiungiGrafica1");
+                    switch (f.isEmpty() ? 0 : f[0].unicode()) {
+                    case 'N':
+                        colore = 0;
+                        break;
+                    case 'R':
+                        colore = 12;
+                        break;
+                    case 'V':
+                        colore = 2;
+                        break;
+                    default:
+                        break;
+                    }
+                    stato.TagRoutine = QStringLiteral("AggiungiGrafica2");
+                    switch (f.isEmpty() ? 0 : f.back().unicode()) {
+                    case 'C':
+                        stile = 0;
+                        break;
+                    case 'T':
+                        stile = 1;
+                        break;
+                    case 'P':
+                        stile = 2;
+                        break;
+                    default:
+                        break;
+                    }
+                }
+            }
+            stato.TagRoutine = QStringLiteral("AggiungiGrafica");
+            if (!a.coda.isEmpty())
+                BV_AggiungiNomeParticella(g, QStringLiteral("7|") + a.conta + u'|' + testo,
+                                          vecchiaMappa ? 9 : 0);
+        }
+    });
+}
+
+void BV_AggiungiNomeParticella(ModelloGrafica& g, const QString& riga, int colore) {
+    const QStringList c = CampiRiga(riga);
+    const qsizetype n = c.size();
+    if (n < 6) return;
+    const QString etichetta = c[n - 3];
+    if (Trim(etichetta).isEmpty()) return;
+    QStringList ids;
+    for (qsizetype i = 2; i <= n - 5; ++i)
+        if (Numerico(c[i])) ids.append(c[i]);
+    if (ids.size() > 1 && ids.last() == ids.first()) ids.removeLast();
+    double sx = 0, sy = 0;
+    int conta = 0;
+    for (const QString& id : ids) {
+        const int k = g.TrovaPunto(id);
+        if (k < 0) continue;
+        sx += g.Punti[k].X;
+        sy += g.Punti[k].Y;
+        ++conta;
+    }
+    if (conta == 0) return;
+    BV_AggiungiPuntoGraf(g, QStringLiteral(" ") + etichetta, sx / conta, sy / conta, 0, {}, colore,
+                         0, QStringLiteral("Courier New"), 12);
+}
+
+} // namespace tavolet

@@ -1,0 +1,215 @@
+// The loaders and the turning of rows into records.
+#include "grafica.h"
+#include "supporto.h"
+
+#include "file_testo.h"
+#include "testo.h"
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Caricatori : ::testing::Test {
+    PiattaformaFinta p;
+    Stato s{p};
+    VistaGrafica vista;
+    ModelloGrafica g{&vista};
+
+    const PuntoGrafica* Punto(const QString& nome) const {
+        const int i = g.TrovaPunto(nome);
+        return i < 0 ? nullptr : &g.Punti[i];
+    }
+    int Linee(int colore, int stile, int spessore) const {
+        int n = 0;
+        for (const LineaGrafica& l : g.Linee)
+            n += l.Colore == colore && l.Stile == stile && l.Spessore == spessore;
+        return n;
+    }
+};
+
+} // namespace
+
+TEST_F(Caricatori, UnEstrattoDiventaPuntiAnelliEtichetteEToponimi) {
+    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join('\n').toStdString();
+    // 22 vertices, 2 toponyms, 3 free-line points, 2 fiducial points, 4 parcel labels.
+    EXPECT_EQ(g.ContaPunti(), 33);
+    // Rings of 4, 12, 5 and 3 sides and a free line of 2.
+    EXPECT_EQ(g.ContaLinee(), 26);
+    EXPECT_EQ(Linee(0, 0, 1), 21);
+    EXPECT_EQ(Linee(0, 0, 2), 3);  // the island "258+" is thicker
+    EXPECT_EQ(Linee(12, 1, 1), 2); // the free line's NT becomes red dashes
+    // The row in the list is rewritten, not the file.
+    EXPECT_TRUE(g.List2[0].contains("7|3|101L|102L|103L|RT|||0|"));
+    EXPECT_TRUE(LeggiTesto(PercorsoDati("grafica/ESTRATTO.EMP")).contains("|NT|"));
+
+    const PuntoGrafica* v = Punto("3%");
+    ASSERT_TRUE(v);
+    EXPECT_EQ(v->X, -3800.5678901234); // east
+    EXPECT_EQ(v->Y, -5700.1234567890); // north
+    EXPECT_EQ(v->Font, "Courier New");
+    EXPECT_EQ(v->Dimensione, 8);
+
+    const PuntoGrafica* t = Punto("1T");
+    ASSERT_TRUE(t);
+    EXPECT_EQ(t->Testo, "VIA DEI MILLE");
+    EXPECT_NEAR(t->Angolo, 90, 1e-6);
+    EXPECT_EQ(t->Font, "Arial Narrow");
+    EXPECT_EQ(t->Colore, 2);
+    EXPECT_EQ(Punto("101L")->Colore, 2);
+
+    // The label of the island "257-" stands at the plain mean of its four vertices.
+    const PuntoGrafica* e = Punto(" 257-");
+    ASSERT_TRUE(e);
+    EXPECT_DOUBLE_EQ(e->X, -3786);
+    EXPECT_DOUBLE_EQ(e->Y, -5686);
+    EXPECT_EQ(e->Dimensione, 12);
+    EXPECT_TRUE(Punto(" 257") && Punto(" 258") && Punto(" 258+"));
+    EXPECT_EQ(g.LibrettoOriginale, g.List2[0]);
+    EXPECT_EQ(g.List6.size(), 5);
+}
+
+TEST_F(Caricatori, PFNoEToponimiNoSaltanoLeRigheAlCaricamento) {
+    vista.PFNo = 1;
+    vista.ToponimiNo = 1;
+    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    EXPECT_FALSE(Punto("PF01/0120/A001"));
+    EXPECT_FALSE(Punto("1T"));
+    EXPECT_TRUE(Punto("3%"));
+    // "T|" also catches the ring of the free line's label? No: rows 7 are not touched.
+    EXPECT_EQ(g.ContaLinee(), 26);
+}
+
+TEST_F(Caricatori, LaPropostaSiSeparaAlleDueMarcheEVaInAzzurroLaMappaVecchia) {
+    const QStringList righe = LeggiRighe(PercorsoDati("grafica/PROPOSTA.SUR"));
+    CaricaRigheProposta(s, g, righe);
+    ASSERT_EQ(g.List2[0].size(), 6);
+    EXPECT_EQ(g.List2[0][0], "6|ESTRATTO DI MAPPA|");
+    EXPECT_EQ(g.List2[1].size(), 9);
+    EXPECT_EQ(g.List2[1][0], "6|ESTRATTO DI MAPPA AGGIORNATO|");
+    // With "Proposta" off only the extract is drawn.
+    EXPECT_EQ(g.ContaLinee(), 4);
+    EXPECT_EQ(Linee(0, 0, 1), 4);
+
+    g.PropostaSiNo = 1;
+    GeneraGrafica(s, g);
+    EXPECT_EQ(Linee(9, 0, 1), 4); // the old map
+    EXPECT_EQ(g.ContaLinee(), 12);
+    EXPECT_EQ(Linee(2, 1, 1), 4); // "VT": green dashes
+    EXPECT_EQ(g.LibrettoOriginale.size(), 15);
+
+    // An empty Proposta leaves the extract alone, in light blue.
+    g.List2[1].clear();
+    GeneraGrafica(s, g);
+    EXPECT_EQ(Linee(9, 0, 1), 4);
+    EXPECT_EQ(g.ContaLinee(), 4);
+}
+
+TEST_F(Caricatori, UnSurSenzaMarcheDaUnDisegnoVuotoEDaElaborazioneTuttoInLista0) {
+    const QStringList righe = {"8|1%|0|0|", "8|2%|0|10|", "7|3|1%|2%|1%|NC|1|1|0|"};
+    CaricaRigheProposta(s, g, righe);
+    EXPECT_EQ(g.ContaPunti(), 0);
+    EXPECT_TRUE(p.Messaggi().isEmpty());
+    g.PropostaSiNo = 1;
+    CaricaRigheElaborazione(s, g, righe);
+    EXPECT_EQ(g.PropostaSiNo, 0);
+    EXPECT_EQ(g.ContaLinee(), 2);
+    EXPECT_EQ(g.List2[0], righe);
+}
+
+TEST_F(Caricatori, UnaListaDiMenoDiDueRigheNonDisegnaNulla) {
+    CaricaRigheElaborazione(s, g, {"8|1%|0|0|"});
+    EXPECT_EQ(g.ContaPunti(), 0);
+}
+
+TEST_F(Caricatori, UnIdCheFinisceInLoTEUnPuntoLiberoOUnToponimo) {
+    CaricaRigheElaborazione(
+        s, g, {"8|12L|0|0|", "8|7T|5|5|0|X|", "8|9*|1|1|", "8|9#|2|2|", "8|9@|3|3|", "8|99|4|4|"});
+    EXPECT_EQ(Punto("12L")->Colore, 2);
+    EXPECT_EQ(Punto("7T")->Font, "Arial Narrow");
+    EXPECT_EQ(Punto("9*")->Colore, 12);
+    EXPECT_EQ(Punto("9*")->Dimensione, 10);
+    EXPECT_EQ(Punto("9#")->Colore, 13);
+    EXPECT_EQ(Punto("9@")->Colore, 9);
+    EXPECT_EQ(Punto("99")->Colore, 0);
+}
+
+TEST_F(Caricatori, UnAnelloConUnPuntoMancantePerdeSoloQuelLato) {
+    CaricaRigheElaborazione(s, g,
+                            {"8|1%|0|0|", "8|2%|0|10|", "8|3%|10|10|",
+                             "7|5|1%|2%|3%|77%|1%|NC|A|A|0|", "7|3|1%|PV|3%|NC|B|B|0|"});
+    EXPECT_EQ(g.ContaLinee(), 2); // 1-2 and 2-3; the "PV" row is passed over
+    EXPECT_TRUE(p.Messaggi().isEmpty());
+}
+
+TEST_F(Caricatori, UnCSVDaPuntiELinee) {
+    const QStringList righe = {"P,A1,10.5,20,1,Testo,12", "L,0,0,9,10,10,9,9,3,2", "L,1,1,0,2,2,0",
+                               "\"B2\",5,6", "P,C3,1,2"};
+    CaricaRigheCSV(s, g, righe);
+    ASSERT_EQ(g.ContaPunti(), 3);
+    EXPECT_EQ(g.Punti[0].Nome, "A1");
+    EXPECT_EQ(g.Punti[0].Testo, "Testo");
+    EXPECT_EQ(g.Punti[0].Colore, 12);
+    EXPECT_EQ(g.Punti[0].Z, 1);
+    EXPECT_EQ(g.Punti[1].Nome, "B2"); // quotes gone, "P," put in front
+    EXPECT_EQ(g.Punti[1].X, 5);
+    ASSERT_EQ(g.ContaLinee(), 2);
+    EXPECT_EQ(g.Linee[0].Z1, 0); // Z is skipped
+    EXPECT_EQ(g.Linee[0].X2, 10);
+    EXPECT_EQ(g.Linee[0].Colore, 9);
+    EXPECT_EQ(g.Linee[0].Spessore, 3);
+    EXPECT_EQ(g.Linee[0].Stile, 2);
+    EXPECT_EQ(g.Linee[1].Spessore, 1);
+    EXPECT_EQ(g.List2[0], righe);
+    EXPECT_EQ(vista.XMax, 13.5); // fitted
+    EXPECT_TRUE(p.Messaggi().isEmpty());
+}
+
+TEST_F(Caricatori, UnaRigaCSVSenzaVirgoleEUnErroreRiportato) {
+    CaricaRigheCSV(s, g, {"P,A,1,1", "SOLONOME", "P,B,2,2"});
+    ASSERT_EQ(p.Messaggi().size(), 1);
+    EXPECT_TRUE(p.Messaggi()[0].startsWith("Rilevato errore")) << p.Messaggi()[0].toStdString();
+    EXPECT_TRUE(p.Messaggi()[0].contains("BV_LoadFileCSV"));
+    EXPECT_EQ(g.ContaPunti(), 1); // as far as it came
+    // An absurd colour is an overflow, reported the same way.
+    CaricaRigheCSV(s, g, {"P,A,1,1,0,x,1e308"});
+    EXPECT_EQ(p.Messaggi().size(), 2);
+}
+
+TEST_F(Caricatori, IBlocchiTagVannoNelleListeEUnAttoAggiornatoMostraLaProposta) {
+    const QByteArray pdf =
+        "%PDF-1.4 junk [TAG1000]|0|riga zero<nr>9|nove[/TAG] x "
+        "[TAG2000]|6|ESTRATTO DI MAPPA|<nr>8|1%|0|0|<nr>8|2%|0|10|<nr>7|3|1%|2%|1%|NC|5|5|0|[/TAG]"
+        "[TAG2000]|6|ESTRATTO DI MAPPA AGGIORNATO|<nr>8|1%|0|0|<nr>8|3%|10|0|<nr>"
+        "7|3|1%|3%|1%|NC|6|6|0|[/TAG][TAG3000]|FR|x|EST1|[/TAG][TAG4000]|9|ROSSI<nr>9|VERDI[/TAG]"
+        "[TAG5000]|a|b|[/TAG][TAG7000]|ignoto[/TAG]";
+    EsplodiBlocchiTag(s, g, LeggiBlocchiTagDaDati(pdf));
+    EXPECT_EQ(g.List1.size(), 2);
+    EXPECT_EQ(g.List2[0].size(), 4);
+    EXPECT_EQ(g.List2[1].size(), 4);
+    EXPECT_TRUE(g.List3.contains("EST1"));
+    EXPECT_TRUE(g.List3.contains("b"));
+    EXPECT_EQ(g.List4.size(), 2);
+    EXPECT_EQ(g.PropostaSiNo, 1);
+    EXPECT_EQ(Linee(9, 0, 1), 2); // the extract's ring, out and back
+    EXPECT_EQ(g.ContaLinee(), 4);
+}
+
+TEST_F(Caricatori, IlCaricamentoPerTipoDiFile) {
+    RadiceProva radice;
+    radice.Scrivi("C:\\x\\A.EMP", Dati("grafica/ESTRATTO.EMP"));
+    radice.Scrivi("C:\\x\\P.SUR", Dati("grafica/PROPOSTA.SUR"));
+    radice.Scrivi("C:\\x\\E.SUR", Righe({"8|1%|0|0|", "8|2%|0|10|", "7|3|1%|2%|1%|NC|1|1|0|"}));
+    radice.Scrivi("C:\\x\\D.CSV", Righe({"P,A,1,1", "L,0,0,0,1,1,0"}));
+    EXPECT_TRUE(CaricaGraficaDaFile(s, g, "C:\\x\\A.EMP"));
+    EXPECT_EQ(g.ContaPunti(), 33);
+    EXPECT_TRUE(CaricaGraficaDaFile(s, g, "C:\\x\\P.SUR"));
+    EXPECT_EQ(g.List2[1].size(), 9);
+    EXPECT_TRUE(CaricaGraficaDaFile(s, g, "C:\\x\\E.SUR"));
+    EXPECT_EQ(g.ContaLinee(), 2);
+    EXPECT_TRUE(CaricaGraficaDaFile(s, g, "C:\\x\\D.CSV"));
+    EXPECT_EQ(g.ContaLinee(), 1);
+    EXPECT_FALSE(CaricaGraficaDaFile(s, g, "C:\\x\\NONCE.EMP"));
+    EXPECT_TRUE(p.Messaggi().isEmpty());
+}

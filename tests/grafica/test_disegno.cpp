@@ -1,0 +1,143 @@
+// The redraw through a recording Tela.
+#include "grafica.h"
+#include "registratore.h"
+#include "supporto.h"
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Disegno : ::testing::Test {
+    PiattaformaFinta p;
+    Stato s{p};
+    VistaGrafica vista;
+    ModelloGrafica g{&vista};
+    TelaRegistratore tela;
+};
+
+} // namespace
+
+TEST_F(Disegno, LePassateInOrdineConScalaColoriERaggio) {
+    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    BV_RidisegnaGrafica(g, tela);
+    EXPECT_EQ(tela.pulizie, 1);
+    const double a = vista.Altezza;
+    const double r = tela.larghezzaMm / tela.altezzaMm;
+    EXPECT_DOUBLE_EQ(vista.Rapporto, r);
+    ASSERT_EQ(tela.scala.size(), 4);
+    EXPECT_DOUBLE_EQ(tela.scala[0], -a * r / 2);
+    EXPECT_DOUBLE_EQ(tela.scala[1], a / 2);
+    EXPECT_DOUBLE_EQ(tela.scala[2], a * r / 2);
+    EXPECT_DOUBLE_EQ(tela.scala[3], -a / 2);
+    // Lines, markers, toponyms, names, labels.
+    EXPECT_EQ(tela.Sequenza(), "linea cerchio testo");
+    EXPECT_EQ(tela.DiTipo("linea").size(), 26);
+    // Every point but toponyms and labels gets a marker: 22 + 3 + 2.
+    const QList<Tratto> cerchi = tela.DiTipo("cerchio");
+    ASSERT_EQ(cerchi.size(), 27);
+    EXPECT_DOUBLE_EQ(cerchi[0].raggio, a / 400);
+    // The world is moved by the centre.
+    EXPECT_DOUBLE_EQ(cerchi[0].x1, -3790 - vista.CentroX);
+    EXPECT_DOUBLE_EQ(cerchi[0].y1, -5690 - vista.CentroY);
+
+    const QList<Tratto> testi = tela.DiTipo("testo");
+    ASSERT_EQ(testi.size(), 2 + 27 + 4);
+    EXPECT_EQ(testi[0].testo, "VIA DEI MILLE");
+    EXPECT_NEAR(testi[0].angolo, 90, 1e-6);
+    EXPECT_EQ(testi[0].font, "Arial Narrow");
+    EXPECT_DOUBLE_EQ(testi[0].altezza, 8 * 20 / 15.0);
+    EXPECT_EQ(testi[2].testo, "40%");
+    EXPECT_EQ(testi.last().testo, " 258+");
+    EXPECT_DOUBLE_EQ(testi.last().altezza, 16);
+    // The line records keep their pen.
+    const QList<Tratto> linee = tela.DiTipo("linea");
+    EXPECT_EQ(linee.last().colore, 12);
+    EXPECT_EQ(linee.last().stile, 1);
+}
+
+TEST_F(Disegno, NomiNoEToponimiNoTolgonoITestiMaNonLeEtichette) {
+    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    vista.NomiNo = 1;
+    vista.ToponimiNo = 1;
+    BV_RidisegnaGrafica(g, tela);
+    const QList<Tratto> testi = tela.DiTipo("testo");
+    ASSERT_EQ(testi.size(), 4);
+    for (const Tratto& t : testi) EXPECT_TRUE(t.testo.startsWith(' '));
+}
+
+TEST_F(Disegno, IMarcatoriSoloDentroIlRiquadroStretto) {
+    BV_AggiungiPuntoGraf(g, "1", 0, 0, 0, {}, 5, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "2", 10, 10, 0, {}, 6, 0, "Courier New", 8);
+    BV_ZoomTutto(g);
+    // Added after the fit: on the box's edge and outside it.
+    BV_AggiungiPuntoGraf(g, "3", 13, 5, 0, {}, 7, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "4", 13.5, 5, 0, {}, 7, 0, "Courier New", 8);
+    BV_RidisegnaGrafica(g, tela);
+    const QList<Tratto> cerchi = tela.DiTipo("cerchio");
+    ASSERT_EQ(cerchi.size(), 2);
+    EXPECT_EQ(cerchi[0].colore, 5);
+    EXPECT_EQ(cerchi[1].colore, 6);
+    EXPECT_EQ(tela.DiTipo("testo").size(), 4); // the names are still printed
+}
+
+TEST_F(Disegno, UnaTelaSenzaMisuraODatiAssurdiNonDisegnanoNulla) {
+    BV_AggiungiPuntoGraf(g, "1", 0, 0, 0, {}, 5, 0, "Courier New", 8);
+    BV_ZoomTutto(g);
+    tela.altezzaMm = 0;
+    BV_RidisegnaGrafica(g, tela);
+    EXPECT_EQ(tela.pulizie, 1);
+    EXPECT_TRUE(tela.tratti.isEmpty());
+
+    TelaRegistratore altra;
+    BV_AggiungiPuntoGraf(g, "2", 1e308, -1e308, 0, {}, 5, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "3", std::nan(""), 0, 0, {}, 5, 0, "Courier New", 8);
+    BV_AggiungiLineaGraf(g, 0, 0, 0, 1e308, 1e308, 0, 0, 1, 0);
+    BV_ZoomTutto(g);
+    BV_RidisegnaGrafica(g, altra); // the view is infinite: nothing sane to draw
+    EXPECT_EQ(altra.pulizie, 1);
+    for (const Tratto& t : altra.tratti) {
+        EXPECT_TRUE(std::isfinite(t.x1) && std::isfinite(t.y1));
+    }
+}
+
+TEST_F(Disegno, QuelloCheCadeFuoriDallaTelaNonVienePassato) {
+    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    for (int i = 0; i < 8; ++i) BV_ZoomPiu(g);
+    TelaRegistratore tutto;
+    BV_RidisegnaGrafica(g, tutto, {.ritaglia = false});
+    BV_RidisegnaGrafica(g, tela);
+    EXPECT_LT(tela.tratti.size(), tutto.tratti.size());
+    // What is left out lies wholly outside the visible rectangle.
+    const double a = vista.Altezza, r = vista.Rapporto;
+    int tenuti = 0;
+    for (const Tratto& t : tutto.tratti) {
+        bool presente = false;
+        for (const Tratto& u : tela.tratti)
+            presente = presente || (u.tipo == t.tipo && u.x1 == t.x1 && u.y1 == t.y1 &&
+                                    u.x2 == t.x2 && u.testo == t.testo);
+        if (presente) {
+            ++tenuti;
+            continue;
+        }
+        if (t.tipo == "linea") {
+            const bool fuori = std::max(t.x1, t.x2) < -a * r / 2 ||
+                               std::min(t.x1, t.x2) > a * r / 2 || std::max(t.y1, t.y2) < -a / 2 ||
+                               std::min(t.y1, t.y2) > a / 2;
+            EXPECT_TRUE(fuori);
+        } else {
+            EXPECT_TRUE(std::abs(t.x1) > a * r / 2 || std::abs(t.y1) > a / 2);
+        }
+    }
+    EXPECT_EQ(tenuti, tela.tratti.size());
+}
+
+TEST(Tavolozza, IColoriQB) {
+    EXPECT_EQ(ColoreQB(0), 0x000000u);
+    EXPECT_EQ(ColoreQB(2), 0x008000u);
+    EXPECT_EQ(ColoreQB(7), 0xC0C0C0u);
+    EXPECT_EQ(ColoreQB(9), 0x0000FFu);
+    EXPECT_EQ(ColoreQB(12), 0xFF0000u);
+    EXPECT_EQ(ColoreQB(13), 0xFF00FFu);
+    EXPECT_EQ(ColoreQB(-1), ColoreQB(15)); // out of range wraps, never reads outside
+}

@@ -1,0 +1,217 @@
+// The four exporters: golden files, their odd corners, and the real DXF readers.
+#include "grafica.h"
+#include "supporto.h"
+
+#include "file_testo.h"
+#include "testo.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Esportatori : ConPregeo {
+    VistaGrafica vista;
+    ModelloGrafica g{&vista};
+    void Estratto() { BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP")); }
+    void Proposta() {
+        g.PropostaSiNo = 1;
+        CaricaRigheProposta(s, g, LeggiRighe(PercorsoDati("grafica/PROPOSTA.SUR")));
+    }
+};
+
+QByteArray Byte(const QString& testo) {
+    return AWindows1252(testo);
+}
+
+// With TAVOLET_RIGENERA set, the golden files are written from the output (to be read by eye
+// before committing them).
+void Rigenera(const QString& nome, const QString& testo) {
+    if (qEnvironmentVariableIsEmpty("TAVOLET_RIGENERA")) return;
+    QFile f(PercorsoDati(nome));
+    if (f.open(QIODevice::WriteOnly)) f.write(Byte(testo));
+}
+
+void Golden(const QString& base, const ModelloGrafica& g) {
+    Rigenera(base + ".DXF", TestoDXF(g));
+    Rigenera(base + "_STAMPE.TXT", TestoStampa(g));
+    Rigenera(base + ".HTML", TestoHTML5(g));
+    Rigenera(base + "_COPIAINFILE.TXT", TestoCopiaInFile(g));
+}
+
+} // namespace
+
+TEST_F(Esportatori, IQuattroFileDellEstrattoComeIGolden) {
+    Estratto();
+    Golden("grafica/ESTRATTO", g);
+    EXPECT_EQ(Byte(TestoDXF(g)), Dati("grafica/ESTRATTO.DXF"));
+    EXPECT_EQ(Byte(TestoStampa(g)), Dati("grafica/ESTRATTO_STAMPE.TXT"));
+    EXPECT_EQ(Byte(TestoHTML5(g)), Dati("grafica/ESTRATTO.HTML"));
+    EXPECT_EQ(Byte(TestoCopiaInFile(g)), Dati("grafica/ESTRATTO_COPIAINFILE.TXT"));
+}
+
+TEST_F(Esportatori, IQuattroFileDellaPropostaComeIGolden) {
+    Proposta();
+    Golden("grafica/PROPOSTA", g);
+    EXPECT_EQ(Byte(TestoDXF(g)), Dati("grafica/PROPOSTA.DXF"));
+    EXPECT_EQ(Byte(TestoStampa(g)), Dati("grafica/PROPOSTA_STAMPE.TXT"));
+    EXPECT_EQ(Byte(TestoHTML5(g)), Dati("grafica/PROPOSTA.HTML"));
+    EXPECT_EQ(Byte(TestoCopiaInFile(g)), Dati("grafica/PROPOSTA_COPIAINFILE.TXT"));
+}
+
+TEST_F(Esportatori, IFileVannoNellaCartellaDelProgramma) {
+    Estratto();
+    ASSERT_TRUE(BV_SalvaDXF(s, g));
+    EXPECT_EQ(LeggiByte(s.amb.CartellaProgramma + "\\GraficaPF.DXF"), Dati("grafica/ESTRATTO.DXF"));
+    ASSERT_TRUE(GeneraStampa(s, g));
+    EXPECT_TRUE(EsisteFile(s.amb.CartellaProgramma + "\\Stampe.TXT"));
+    ASSERT_TRUE(GeneraHTML5_CANVAS(s, g));
+    EXPECT_TRUE(EsisteFile(s.amb.CartellaProgramma + "\\Stampe.HTML"));
+    ASSERT_EQ(p.eventi.size(), 1);
+    EXPECT_EQ(p.eventi[0].tipo, "apriconprogramma");
+    ASSERT_TRUE(BV_CopiaInFile(s, g));
+    EXPECT_TRUE(EsisteFile(s.amb.CartellaProgramma + "\\temp\\CopiaInFile.TXT"));
+}
+
+TEST_F(Esportatori, CopiaInFileVaDaBravantaQuandoCE) {
+    Estratto();
+    const QString bravanta = s.amb.CartellaDocumenti + "\\Bravanta";
+    radice.Scrivi(bravanta + "\\Bravanta.EXE", "MZ");
+    EXPECT_EQ(ApriCopiaInfile(s), bravanta + "\\temp\\CopiaInFile.TXT");
+    ASSERT_TRUE(BV_CopiaInFile(s, g));
+    EXPECT_EQ(LeggiByte(bravanta + "\\temp\\CopiaInFile.TXT"),
+              Dati("grafica/ESTRATTO_COPIAINFILE.TXT"));
+    EXPECT_TRUE(s.UltimoRisultato.isEmpty()); // nobody asked for a paste
+    radice.Scrivi(s.amb.CartellaProgramma + "\\temp\\IncollaDaFileSiNo.TXT", "1");
+    ASSERT_TRUE(BV_CopiaInFile(s, g));
+    EXPECT_TRUE(s.UltimoRisultato.endsWith("CopiaInFile.TXT"));
+}
+
+TEST_F(Esportatori, DXFDiUnaTabellaVuotaDodiciPuntiNellOrigine) {
+    const QString dxf = TestoDXF(g);
+    EXPECT_EQ(dxf.count("POINT\r\n 8\r\n"), 12);
+    EXPECT_EQ(dxf.count(" 10\r\n0\r\n 20\r\n0\r\n"), 12);
+    EXPECT_TRUE(
+        dxf.startsWith(" 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nPOINT\r\n 8\r\nLINEE_SCHEMA\r\n"));
+    EXPECT_TRUE(dxf.endsWith("  0\r\nENDSEC\r\n  0\r\nEOF\r\n"));
+}
+
+TEST_F(Esportatori, UnaLineaDiColore13PrendeLoStratoDiQuellaPrima) {
+    BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 0, 1, 1);
+    BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 13, 1, 2);
+    BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 9, 1, 7);
+    const QString dxf = TestoDXF(g);
+    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_NT\r\n 62\r\n0\r\n"));
+    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_NTP\r\n 62\r\n13\r\n"));
+    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_B\r\n 62\r\n9\r\n"));
+    const QString copia = TestoCopiaInFile(g);
+    EXPECT_TRUE(copia.contains(",\"NT\"\r\n"));
+    EXPECT_TRUE(copia.contains(",\"RP\"\r\n"));
+    EXPECT_TRUE(copia.contains(",\"B\"\r\n"));
+}
+
+TEST_F(Esportatori, NomiNoTogliedalDXFLeEtichetteDelleParticelle) {
+    Estratto();
+    const int conNomi = TestoDXF(g).count("TEXT\r\n");
+    vista.NomiNo = 1;
+    EXPECT_EQ(TestoDXF(g).count("TEXT\r\n"), conNomi - 4);
+}
+
+TEST_F(Esportatori, LaScalaHTMLEIntera) {
+    BV_AggiungiPuntoGraf(g, "A", 100, 100, 0, {}, 0, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "B", 1200, 100, 0, {}, 0, 0, "Courier New", 8);
+    BV_ZoomTutto(g); // Altezza 1106: scale 0
+    QString html = TestoHTML5(g);
+    EXPECT_EQ(html.count("context.arc(500.000,500.000,2, 0, 2*Math.PI, false);"), 2);
+    EXPECT_TRUE(html.contains("width=\"1000\" height=\"1000\"style="));
+    vista.Altezza = 300; // scale 3
+    vista.CentroX = 100;
+    vista.CentroY = 100;
+    html = TestoHTML5(g);
+    EXPECT_TRUE(html.contains("context.arc(500.000,500.000,2,"));
+    EXPECT_TRUE(html.contains("context.fillText('B',3800.000,500.000);"));
+    EXPECT_EQ(html.count("context.fillText('A',"), 2); // once for the names, once for all
+}
+
+TEST_F(Esportatori, UnErroreDiScritturaVaAllaSegnalazione) {
+    Estratto();
+    radice.Scrivi("C:\\occupato", "x"); // a file where a folder should be
+    EXPECT_FALSE(BV_SalvaDXF(s, g, "C:\\occupato\\G.DXF"));
+    ASSERT_EQ(p.Messaggi().size(), 1);
+    EXPECT_TRUE(p.Messaggi()[0].contains("BV_SalvaDXF"));
+}
+
+// ---- Real readers of DXF ----
+
+namespace {
+
+QString Esegui(const QString& programma, const QStringList& argomenti, int* uscita = nullptr) {
+    QProcess pr;
+    pr.start(programma, argomenti);
+    pr.waitForFinished(60000);
+    if (uscita) *uscita = pr.exitCode();
+    return QString::fromUtf8(pr.readAllStandardOutput() + pr.readAllStandardError());
+}
+
+} // namespace
+
+TEST_F(Esportatori, EzdxfLeggeIlDXFConIConteggiPerStrato) {
+    int uscita = -1;
+    Esegui("/usr/bin/python3", {"-c", "import ezdxf"}, &uscita);
+    if (uscita != 0) GTEST_SKIP() << "python3-ezdxf non installato";
+    Estratto();
+    QTemporaryDir dir;
+    const QString file = dir.filePath("g.dxf");
+    ASSERT_TRUE(BV_SalvaDXF(s, g, file));
+    const QString script =
+        "import sys, collections\n"
+        "from ezdxf import recover\n"
+        "doc, auditor = recover.readfile(sys.argv[1])\n"
+        "c = collections.Counter((e.dxftype(), e.dxf.layer) for e in doc.modelspace())\n"
+        "for k in sorted(c): print(k[0], k[1], c[k])\n";
+    const QString uscitaTesto = Esegui("/usr/bin/python3", {"-c", script, file}, &uscita);
+    ASSERT_EQ(uscita, 0) << uscitaTesto.toStdString();
+    EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_NC 24\n")) << uscitaTesto.toStdString();
+    EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_RT 2\n"));
+    EXPECT_TRUE(uscitaTesto.contains("POINT PUNTI_S 33\n"));
+    EXPECT_TRUE(uscitaTesto.contains("TEXT PUNTI_N 33\n"));
+    EXPECT_TRUE(uscitaTesto.contains("POINT LINEE_SCHEMA 1\n"));
+    EXPECT_TRUE(uscitaTesto.contains("POINT PUNTI_HPS 1\n"));
+}
+
+TEST_F(Esportatori, OgrinfoLeggeIlDXFConIConteggiPerStrato) {
+    if (QFileInfo("/usr/bin/ogrinfo").exists() == false)
+        GTEST_SKIP() << "ogrinfo (gdal-bin) non installato";
+    Estratto();
+    QTemporaryDir dir;
+    const QString file = dir.filePath("g.dxf");
+    ASSERT_TRUE(BV_SalvaDXF(s, g, file));
+    int uscita = -1;
+    const QString testo =
+        Esegui("/usr/bin/ogrinfo",
+               {"-ro", "-q", "-dialect", "SQLite", "-sql",
+                "SELECT Layer, ST_GeometryType(GEOMETRY) AS t, COUNT(*) AS n FROM entities "
+                "GROUP BY Layer, t",
+                file},
+               &uscita);
+    ASSERT_EQ(uscita, 0) << testo.toStdString();
+    auto conta = [&](const QString& strato, const QString& geometria) {
+        // One feature a group: "Layer (String) = X", "t (String) = Y", "n (Integer) = N".
+        const QStringList righe = testo.split('\n');
+        for (int i = 0; i + 2 < righe.size(); ++i)
+            if (righe[i].trimmed() == "Layer (String) = " + strato &&
+                righe[i + 1].trimmed() == "t (String) = " + geometria)
+                return Trim(righe[i + 2].section('=', 1)).toInt();
+        return -1;
+    };
+    EXPECT_EQ(conta("LINEE_NC", "LINESTRING"), 24) << testo.toStdString();
+    EXPECT_EQ(conta("LINEE_RT", "LINESTRING"), 2);
+    EXPECT_EQ(conta("PUNTI_S", "POINT"), 33);
+    EXPECT_EQ(conta("PUNTI_N", "POINT"), 33); // the names, as points with their text
+    EXPECT_EQ(conta("LINEE_SCHEMA", "POINT"), 1);
+}

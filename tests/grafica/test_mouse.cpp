@@ -1,0 +1,120 @@
+// The nearest point, coincident points, the drawing modes and the contour file.
+#include "grafica.h"
+#include "supporto.h"
+
+#include "file_testo.h"
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Mouse : ConPregeo {
+    VistaGrafica vista;
+    ModelloGrafica g{&vista};
+    void Punto(const QString& nome, double x, double y) {
+        BV_AggiungiPuntoGraf(g, nome, x, y, 0, {}, 0, 0, "Courier New", 8);
+    }
+};
+
+} // namespace
+
+TEST_F(Mouse, IlPiuVicinoIlPrimoAParitaENienteOltre100000) {
+    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 5, 5), 0); // empty drawing
+    EXPECT_TRUE(MuoviMouse(g, 1, 1).prima.isEmpty());
+    Punto("A", 0, 0);
+    Punto("B", 10, 0);
+    Punto("C", 20, 0);
+    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 9, 1), 1);
+    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 15, 0), 1); // B and C tie: the first stays
+    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 500000, 0), 0);
+    EXPECT_DOUBLE_EQ(DistanzaDuePuntiNuova(0, 0, 3, 4), 5);
+}
+
+TEST_F(Mouse, IPuntiCoincidentiSottoLUnoCentimetro) {
+    Punto("A", 100, 100);
+    Punto("B", 100.005, 100);
+    Punto("C", 0, 0);
+    Punto("D", 0.01, 0); // exactly 0.01: not coincident
+    Punto("E", 100, 100.009);
+    EXPECT_EQ(TestoPuntiCoincidenti(g), "A B\r\nA E\r\n"); // B and E are 0.0103 apart
+    BV_PuntiCoincidenti(s, g);
+    ASSERT_EQ(p.eventi.size(), 1);
+    EXPECT_EQ(p.eventi[0].testo, "A B\r\nA E\r\n");
+
+    vista.CentroX = 100;
+    vista.CentroY = 100;
+    const EtichetteMouse e = MuoviMouse(g, -0.5, -0.5);
+    EXPECT_EQ(g.PuntoVicino, "A");
+    EXPECT_TRUE(e.prima.startsWith("A B E ")) << e.prima.toStdString();
+    EXPECT_EQ(e.seconda, "-0.500 -0.500");
+}
+
+TEST_F(Mouse, UnClickSenzaModoRicentra) {
+    vista.CentroX = 10;
+    vista.CentroY = 20;
+    EXPECT_TRUE(ClickSinistro(s, g, 5, -5));
+    EXPECT_EQ(vista.CentroX, 15);
+    EXPECT_EQ(vista.CentroY, 15);
+}
+
+TEST_F(Mouse, NuovoPuntoEPuntoMedioAncheInMinuscolo) {
+    Punto("A", 0, 0);
+    Punto("B", 10, 20);
+    g.Modo = "nuovopunto";
+    g.NomeNuovo = "100";
+    EXPECT_TRUE(ClickSinistro(s, g, 3, 4));
+    ASSERT_EQ(g.ContaPunti(), 3);
+    EXPECT_EQ(g.Punti[2].Nome, "100");
+    EXPECT_EQ(g.Punti[2].X, 3);
+    EXPECT_EQ(g.Punti[2].Testo, "SF");
+    EXPECT_EQ(g.Punti[2].Colore, 12);
+    EXPECT_EQ(g.Punti[2].Dimensione, 10);
+    EXPECT_TRUE(g.Modo.isEmpty());
+
+    g.Modo = "PUNTOMEDIO";
+    g.NomeNuovo = "M";
+    EXPECT_FALSE(ClickSinistro(s, g, 0.2, 0.1)); // snaps to A
+    EXPECT_EQ(g.Fase, 1);
+    EXPECT_TRUE(ClickSinistro(s, g, 9, 19)); // snaps to B
+    EXPECT_EQ(g.Punti.last().Nome, "M");
+    EXPECT_EQ(g.Punti.last().X, 5);
+    EXPECT_EQ(g.Punti.last().Y, 10);
+    EXPECT_EQ(g.Fase, 0);
+    EXPECT_TRUE(g.Modo.isEmpty());
+}
+
+TEST_F(Mouse, IlContornoSiAggancicaAiPuntiEScriveIlFile) {
+    Punto("1", 1234.5, -20.25);
+    Punto("2", 10, 0);
+    Punto("3", 10, 10);
+    g.Modo = "CONTORNOROSSO";
+    EXPECT_FALSE(ClickSinistro(s, g, 1234, -20));
+    EXPECT_EQ(g.Fase, 1);
+    EXPECT_EQ(g.PuntoPrecedente, "1");
+    EXPECT_TRUE(ClickSinistro(s, g, 11, 1));
+    ASSERT_EQ(g.ContaLinee(), 1);
+    EXPECT_EQ(g.Linee[0].X1, 10); // from the new point back to the previous one
+    EXPECT_EQ(g.Linee[0].X2, 1234.5);
+    EXPECT_EQ(g.Linee[0].Colore, 12);
+    EXPECT_EQ(g.Linee[0].Spessore, 3);
+    EXPECT_EQ(g.Linee[0].Stile, 1);
+    TerminaContorno(g);
+    EXPECT_TRUE(g.Modo.isEmpty());
+    EXPECT_EQ(g.Fase, 1); // the next contour goes on from the last point
+    g.Modo = "contornonero";
+    ClickSinistro(s, g, 10, 9);
+    EXPECT_EQ(g.Linee[1].Colore, 0);
+    EXPECT_EQ(g.Linee[1].X2, 10);
+    EXPECT_EQ(LeggiByte(PercorsoContorno(s)), "al punto  X=1234.500  Y=-20.250  Z=   0\r\n"
+                                              "al punto  X=10.000  Y=.000  Z=   0\r\n"
+                                              "al punto  X=10.000  Y=10.000  Z=   0\r\n");
+}
+
+TEST_F(Mouse, AggiungiPuntoAFileAccodaUnaRiga8) {
+    g.FileLibretto = "C:\\Libretti\\A.DAT";
+    radice.Scrivi(g.FileLibretto, "1|x|\r\n");
+    g.NomeNuovo = "500";
+    EXPECT_TRUE(AggiungiPuntoAFile(s, g, 12.3456, -7));
+    EXPECT_EQ(radice.Leggi(g.FileLibretto), "1|x|\r\n8|500|12.346|-7.000|\r\n");
+}

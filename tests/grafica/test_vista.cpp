@@ -1,0 +1,128 @@
+// The view: fitting, zoom and pan steps, the switches.
+#include "grafica.h"
+#include "supporto.h"
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Vista : ::testing::Test {
+    VistaGrafica vista;
+    ModelloGrafica g{&vista};
+};
+
+} // namespace
+
+TEST_F(Vista, UnDisegnoVuotoSiAdattaAlRecordZeroConIlMargine) {
+    BV_ZoomTutto(g);
+    EXPECT_EQ(vista.XMin, -3);
+    EXPECT_EQ(vista.XMax, 3);
+    EXPECT_EQ(vista.YMin, -3);
+    EXPECT_EQ(vista.YMax, 3);
+    EXPECT_EQ(vista.Altezza, 6);
+    EXPECT_EQ(vista.CentroX, 0);
+}
+
+TEST_F(Vista, LAltezzaELaDimensioneMaggioreEIlCentroEQuelloDelRiquadro) {
+    BV_AggiungiPuntoGraf(g, "1%", 100, 200, 0, {}, 0, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "2%", 140, 210, 0, {}, 0, 0, "Courier New", 8);
+    BV_AggiungiLineaGraf(g, 90, 205, 0, 100, 205, 0, 0, 1, 0);
+    BV_ZoomTutto(g);
+    EXPECT_EQ(vista.XMin, 87);
+    EXPECT_EQ(vista.XMax, 143);
+    EXPECT_EQ(vista.YMin, 197);
+    EXPECT_EQ(vista.YMax, 213);
+    EXPECT_EQ(vista.LarghezzaX, 56);
+    EXPECT_EQ(vista.LarghezzaY, 16);
+    EXPECT_EQ(vista.Altezza, 56); // not fitted to the canvas' aspect
+    EXPECT_EQ(vista.CentroX, 115);
+    EXPECT_EQ(vista.CentroY, 205);
+}
+
+TEST_F(Vista, ZoomEPanSonoPassiFissiDellAltezza) {
+    vista.Altezza = 100;
+    vista.CentroX = 10;
+    vista.CentroY = 20;
+    for (int i = 0; i < 10; ++i) BV_ZoomPiu(g);
+    for (int i = 0; i < 10; ++i) BV_ZoomMeno(g);
+    EXPECT_NEAR(vista.Altezza, 100 * std::pow(0.99, 10), 1e-9);
+    EXPECT_NE(vista.Altezza, 100);
+
+    vista.Altezza = 50;
+    BV_ZoomUP(g);
+    EXPECT_DOUBLE_EQ(vista.CentroY, 15); // down in world terms
+    BV_ZoomDown(g);
+    BV_ZoomDown(g);
+    EXPECT_DOUBLE_EQ(vista.CentroY, 25);
+    BV_ZoomLeft(g);
+    EXPECT_DOUBLE_EQ(vista.CentroX, 15);
+    BV_ZoomRight(g);
+    BV_ZoomRight(g);
+    EXPECT_DOUBLE_EQ(vista.CentroX, 5);
+    CentraMouse(g, -1, 2);
+    EXPECT_EQ(vista.CentroX, -1);
+    EXPECT_EQ(vista.CentroY, 2);
+}
+
+TEST_F(Vista, ConToponimiNoUnNumeroRestaNelRiquadroUnaEtichettaNo) {
+    BV_AggiungiPuntoGraf(g, "5", 0, 0, 0, {}, 0, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, "12%", 10, 10, 0, {}, 0, 0, "Courier New", 8);
+    BV_AggiungiPuntoGraf(g, " ACQUA", 500, 500, 0, {}, 0, 0, "Courier New", 12);
+    BV_AggiungiPuntoGraf(g, "T", -500, -500, 0, "VIA", 2, 0, "Arial Narrow", 8);
+    // The test is the number read from the name's left, blanks skipped: "7T" and " 257" count.
+    BV_AggiungiPuntoGraf(g, "7T", 20, 0, 0, "VIA", 2, 0, "Arial Narrow", 8);
+    vista.ToponimiNo = 1;
+    BV_ZoomTutto(g);
+    EXPECT_EQ(vista.XMin, -3);
+    EXPECT_EQ(vista.XMax, 23);
+    vista.ToponimiNo = 0;
+    BV_ZoomTutto(g);
+    EXPECT_EQ(vista.XMin, -503);
+    EXPECT_EQ(vista.XMax, 503);
+}
+
+TEST_F(Vista, UnoZoomAZeroDiventa640AlRidisegno) {
+    struct TelaMuta : Tela {
+        double LarghezzaMm() const override { return 200; }
+        double AltezzaMm() const override { return 100; }
+        void Pulisci() override {}
+        void Scala(double, double, double, double) override {}
+        void Linea(double, double, double, double, int, int, int) override {}
+        void Cerchio(double, double, double, int) override {}
+        void Testo(double, double, const QString&, const QString&, double, double, int) override {}
+    } tela;
+    vista.Altezza = 0;
+    BV_ZoomPiu(g);
+    EXPECT_EQ(vista.Altezza, 0);
+    BV_RidisegnaGrafica(g, tela);
+    EXPECT_EQ(vista.Altezza, 640);
+    EXPECT_EQ(vista.Rapporto, 2);
+}
+
+TEST(OpzioniGrafica, LeQuattroOpzioniStannoInConfiguraGrafica1) {
+    PiattaformaFinta p;
+    Stato s(p);
+    p.impostazioni.insert("CONFIGURA_GRAFICA1/NOMISINO", "1");
+    p.impostazioni.insert("CONFIGURA_GRAFICA1/PFSINO", "0");
+    p.impostazioni.insert("CONFIGURA_GRAFICA1/PROPOSTASINO", "1");
+    VistaGrafica v;
+    ModelloGrafica g(&v);
+    LeggiOpzioniGrafica(s, g);
+    EXPECT_EQ(v.NomiNo, 1);
+    EXPECT_EQ(v.ToponimiNo, 0);
+    EXPECT_EQ(v.PFNo, 0);
+    EXPECT_EQ(g.PropostaSiNo, 1);
+    v.ToponimiNo = 1;
+    g.PropostaSiNo = 0;
+    SalvaOpzioniGrafica(s, g);
+    EXPECT_EQ(p.impostazioni.value("CONFIGURA_GRAFICA1/TOPONIMISINO"), "1");
+    EXPECT_EQ(p.impostazioni.value("CONFIGURA_GRAFICA1/PROPOSTASINO"), "0");
+    EXPECT_EQ(p.impostazioni.value("CONFIGURA_GRAFICA1/NOMISINO"), "1");
+}
+
+TEST(VistaCondivisa, DueGraficheSenzaVistaPropriaVedonoLaStessa) {
+    ModelloGrafica a, b;
+    EXPECT_EQ(a.Vista, b.Vista);
+    EXPECT_EQ(a.Vista, &VistaCondivisa());
+}
