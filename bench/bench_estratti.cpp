@@ -1,12 +1,17 @@
 // Reading and writing extracts of 1,000 to 100,000 vertices, and zipping a 10 MB file.
+#include "cxf.h"
 #include "estratto.h"
 #include "generatore.h"
+#include "riferimento_unione.h"
+#include "unisci.h"
 #include "zip.h"
 
 #include "piattaforma_finta.h"
 #include "stato.h"
+#include "testo.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -61,8 +66,60 @@ void ZipDieciMega(benchmark::State& s) {
     s.SetBytesProcessed(int64_t(s.iterations()) * dati.size());
 }
 
+QString FileGenerato(QTemporaryDir& dir, int vertici) {
+    const QString file = dir.filePath("GRANDE.EMP");
+    QFile f(file);
+    f.open(QIODevice::WriteOnly);
+    f.write(AWindows1252(Testo(vertici)));
+    return file;
+}
+
+// What "tavolet-cli estratto riscrivi" does after its copy, against a plain copy of the file.
+void RiscriviFile(benchmark::State& s) {
+    QTemporaryDir dir;
+    const QString file = FileGenerato(dir, int(s.range(0)));
+    PiattaformaFinta piattaforma;
+    Stato stato(piattaforma);
+    for (auto _ : s) {
+        Estratto e = EsplodiEstratto(stato, file);
+        if (!SalvaEstratto1(stato, e)) s.SkipWithError("the writer reported an error");
+    }
+    s.SetBytesProcessed(int64_t(s.iterations()) * QFileInfo(file).size());
+}
+
+void CopiaFile(benchmark::State& s) {
+    QTemporaryDir dir;
+    const QString file = FileGenerato(dir, int(s.range(0)));
+    for (auto _ : s) {
+        QFile::remove(dir.filePath("COPIA.EMP"));
+        QFile::copy(file, dir.filePath("COPIA.EMP"));
+    }
+    s.SetBytesProcessed(int64_t(s.iterations()) * QFileInfo(file).size());
+}
+
+void CxfFoglioDiRoma(benchmark::State& s) {
+    QFile f(QStringLiteral(TAVOLET_DATI "/estratti/H501D076700.CTF"));
+    if (!f.open(QIODevice::ReadOnly)) {
+        s.SkipWithError("the Rome sheet is missing");
+        return;
+    }
+    const QString cxf = DaWindows1252(f.readAll());
+    PiattaformaFinta piattaforma;
+    Stato stato(piattaforma);
+    for (auto _ : s) benchmark::DoNotOptimize(ComponiEmpDaCxf(stato, cxf, {}).emp.size());
+}
+
+void UnisciEstratti(benchmark::State& s) {
+    const test::CoppiaEstratti c = test::GeneraCoppia(3, int(s.range(0)));
+    for (auto _ : s) benchmark::DoNotOptimize(UnisciTestiEstratti(c.base, c.aggiunto).size());
+}
+
 } // namespace
 
+BENCHMARK(RiscriviFile)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CopiaFile)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CxfFoglioDiRoma)->Unit(benchmark::kMillisecond);
+BENCHMARK(UnisciEstratti)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LeggiEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ScriviEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ZipDieciMega)->Unit(benchmark::kMillisecond);

@@ -33,37 +33,57 @@ bool Ascii(const QString& s) {
 }
 
 // Step 2: ids right-aligned in ten columns, so that a text sort gives numeric order. The form's
-// sorted list compares without regard to case; rows that compare equal keep their order.
+// sorted list compares without regard to case; rows that compare equal keep their order. Most
+// comparisons are settled by the first sixteen characters, packed lower-cased into two numbers.
 void OrdinaPunti(Estratto& e) {
     struct Voce {
-        QString riga;   // with the id in ten columns
-        QString chiave; // lower-cased when plain ASCII, else empty
+        quint64 testa[2];
         bool ascii;
+        qsizetype indice;
     };
+    const qsizetype conta = e.Punti.size();
+    e.SORTED.clear();
+    e.SORTED.reserve(conta);
     std::vector<Voce> voci;
-    voci.reserve(size_t(e.Punti.size()));
-    for (const QString& riga : e.Punti) {
+    voci.reserve(size_t(conta));
+    for (qsizetype i = 0; i < conta; ++i) {
+        const QString& riga = e.Punti[i];
         qsizetype inizio, fine;
         CampoUno(riga, inizio, fine);
         const QString id = Right(Space(20) + riga.mid(inizio, fine - inizio), 10);
-        QString nuova = riga.left(inizio) + id + riga.mid(fine);
-        const bool ascii = Ascii(nuova);
-        QString chiave = ascii ? nuova.toLower() : QString();
-        voci.push_back({std::move(nuova), std::move(chiave), ascii});
+        QString nuova;
+        nuova.reserve(riga.size() - (fine - inizio) + id.size());
+        nuova += QStringView(riga).left(inizio);
+        nuova += id;
+        nuova += QStringView(riga).mid(fine);
+        Voce v{{0, 0}, Ascii(nuova), i};
+        if (v.ascii) {
+            for (qsizetype k = 0; k < 16; ++k) {
+                char16_t c = k < nuova.size() ? nuova[k].unicode() : 0;
+                if (c >= u'A' && c <= u'Z') c = char16_t(c + 32);
+                v.testa[k / 8] = (v.testa[k / 8] << 8) | quint64(c);
+            }
+        }
+        e.SORTED.append(std::move(nuova));
+        voci.push_back(v);
     }
-    std::stable_sort(voci.begin(), voci.end(), [](const Voce& a, const Voce& b) {
-        if (a.ascii && b.ascii) return a.chiave < b.chiave;
-        return MinoreInLista(a.riga, b.riga);
+    std::stable_sort(voci.begin(), voci.end(), [&](const Voce& a, const Voce& b) {
+        if (a.ascii && b.ascii) {
+            if (a.testa[0] != b.testa[0]) return a.testa[0] < b.testa[0];
+            if (a.testa[1] != b.testa[1]) return a.testa[1] < b.testa[1];
+        }
+        return MinoreInLista(e.SORTED[a.indice], e.SORTED[b.indice]);
     });
-    e.SORTED.clear();
-    e.SORTED.reserve(qsizetype(voci.size()));
+    QStringList ordinati;
+    ordinati.reserve(conta);
+    for (const Voce& v : voci) ordinati.append(e.SORTED[v.indice]);
+    e.SORTED = std::move(ordinati);
     e.Punti.clear();
-    e.Punti.reserve(qsizetype(voci.size()));
-    for (const Voce& v : voci) {
-        e.SORTED.append(v.riga);
+    e.Punti.reserve(conta);
+    for (const QString& riga : e.SORTED) {
         qsizetype inizio, fine;
-        CampoUno(v.riga, inizio, fine);
-        e.Punti.append(ConCampoUno(v.riga, Trim(v.riga.mid(inizio, fine - inizio))));
+        CampoUno(riga, inizio, fine);
+        e.Punti.append(ConCampoUno(riga, Trim(riga.mid(inizio, fine - inizio))));
     }
 }
 
@@ -120,9 +140,17 @@ template <typename Trova> void Area(Estratto& e, const QString& riga, Trova&& tr
 
 // North and east of a row of Punti: fields 2 and 3.
 void Coordinate(const QString& punto, double& nord, double& est) {
-    const QStringList campi = Split(punto, kBarra);
-    nord = Val(Campo(campi, 2));
-    est = Val(Campo(campi, 3));
+    qsizetype barre[4];
+    qsizetype inizio = 0;
+    for (int k = 0; k < 3; ++k) {
+        barre[k] = punto.indexOf(u'|', inizio);
+        if (barre[k] < 0) throw Errore(9);
+        inizio = barre[k] + 1;
+    }
+    barre[3] = punto.indexOf(u'|', inizio);
+    if (barre[3] < 0) barre[3] = punto.size();
+    nord = Val(punto.mid(barre[1] + 1, barre[2] - barre[1] - 1));
+    est = Val(punto.mid(barre[2] + 1, barre[3] - barre[2] - 1));
 }
 
 void ScriviCampoDaFondo(QString& riga, int k, const QString& valore) {

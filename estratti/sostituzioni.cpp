@@ -193,6 +193,71 @@ private:
     std::unordered_map<Vista, int> perContenuto_;
 };
 
+// The number of an id "<n>%" written without leading zeros, or -1.
+qint64 NumeroId(QStringView id) {
+    if (id.size() < 2 || id.size() > 11 || id.back() != u'%' || id.front() == u'0') return -1;
+    qint64 n = 0;
+    for (qsizetype k = 0; k + 1 < id.size(); ++k) {
+        if (id[k] < u'0' || id[k] > u'9') return -1;
+        n = n * 10 + (id[k].unicode() - u'0');
+    }
+    return n;
+}
+
+// The renumbering of a save: distinct ids "<n>%" in ascending order, pair k giving "<k+1>%".
+// A new number is then never above the old ones still to come, so no pair catches what an
+// earlier one wrote, and every field can be looked up by its number at once. Only a run of
+// equal fields needs care: each replace consumes the bar it shares with the next, so the
+// chain changes the first, third, fifth of the run.
+bool Rinumerazione(const QList<std::pair<QString, QString>>& coppie, std::vector<int>& nuovo) {
+    qint64 precedente = 0;
+    for (qsizetype k = 0; k < coppie.size(); ++k) {
+        const qint64 n = NumeroId(coppie[k].first);
+        if (n <= precedente || n > 8 * coppie.size() + 1024) return false;
+        if (NumeroId(coppie[k].second) != k + 1) return false;
+        precedente = n;
+    }
+    nuovo.assign(size_t(precedente + 1), 0);
+    for (qsizetype k = 0; k < coppie.size(); ++k)
+        nuovo[size_t(NumeroId(coppie[k].first))] = int(k + 1);
+    return true;
+}
+
+QString RinumeraRiga(const QString& riga, const std::vector<int>& nuovo) {
+    QString uscita;
+    uscita.reserve(riga.size());
+    const QStringView r(riga);
+    qsizetype inizio = 0;
+    QStringView prima; // the field before, as it stood
+    bool primaCambiata = false;
+    bool primoCampo = true;
+    while (true) {
+        const qsizetype barra = r.indexOf(u'|', inizio);
+        const QStringView campo = r.mid(inizio, barra < 0 ? -1 : barra - inizio);
+        int n = 0;
+        // Only a field between two bars is a token.
+        if (!primoCampo && barra >= 0) {
+            const qint64 id = NumeroId(campo);
+            if (id > 0 && id < qint64(nuovo.size())) n = nuovo[size_t(id)];
+        }
+        const bool cambia = n > 0 && !(primaCambiata && campo == prima);
+        if (cambia) {
+            uscita += QString::number(n);
+            uscita += u'%';
+        } else {
+            uscita += campo;
+        }
+        // A field that the chain would have changed into itself still took its bar.
+        primaCambiata = cambia;
+        prima = campo;
+        primoCampo = false;
+        if (barra < 0) break;
+        uscita += u'|';
+        inizio = barra + 1;
+    }
+    return uscita;
+}
+
 } // namespace
 
 QStringList SostituisciCampi(const QStringList& righe,
@@ -205,6 +270,13 @@ QStringList SostituisciCampi(const QStringList& righe,
     // The joined text is empty only for no rows or one empty row.
     if (righe.isEmpty() || (righe.size() == 1 && righe[0].isEmpty())) return {};
     if (coppie.isEmpty()) return righe;
+    std::vector<int> nuovo;
+    if (Rinumerazione(coppie, nuovo)) {
+        QStringList uscita;
+        uscita.reserve(righe.size());
+        for (const QString& riga : righe) uscita.append(RinumeraRiga(riga, nuovo));
+        return uscita;
+    }
     Campi campi(righe);
     for (const auto& [vecchio, nuovo] : coppie) campi.Sostituisci(vecchio, nuovo);
     return campi.Righe();

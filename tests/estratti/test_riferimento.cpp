@@ -102,3 +102,37 @@ TEST(ScrittoreVeloce, UgualeAlRiferimentoSuEstrattiGenerati) {
     EXPECT_GT(confronti, 200);
     EXPECT_GT(errori, 0);
 }
+
+// The renumbering of a save (ascending ids "<n>%" to 1%, 2%, ...) goes by number: the same rows
+// as the chain, with runs of the same id, ids left out, and fields that only look like ids.
+TEST(Sostituzioni, RinumerazionePerNumeroUgualeAllaCatena) {
+    std::mt19937 rng(99);
+    auto caso = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(rng); };
+    for (int prova = 0; prova < 1500; ++prova) {
+        QList<std::pair<QString, QString>> coppie;
+        QStringList ids;
+        int n = 0;
+        for (int k = 0, quanti = caso(1, 30); k < quanti; ++k) {
+            n += caso(1, 3);
+            coppie.append({QString::number(n) + '%', QString::number(k + 1) + '%'});
+            ids << QString::number(n) + '%';
+        }
+        ids << "0%"
+            << "07%"
+            << "x%"
+            << "NC"
+            << "";
+        QStringList righe;
+        for (int r = caso(1, 4); r > 0; --r) {
+            QStringList pezzi = {"7", QString::number(caso(0, 12))};
+            for (int k = caso(0, 14); k > 0; --k) {
+                const QString id = ids[caso(0, int(ids.size()) - 1)];
+                for (int ripeti = caso(0, 3) == 0 ? caso(2, 4) : 1; ripeti > 0; --ripeti)
+                    pezzi << id;
+            }
+            righe << pezzi.join('|') + (caso(0, 3) ? "|NC|a|a|5|" : "");
+        }
+        ASSERT_EQ(SostituisciCampi(righe, coppie), CatenaDiReplace(righe, coppie))
+            << righe.join(" / ").toStdString();
+    }
+}
