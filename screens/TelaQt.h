@@ -1,0 +1,54 @@
+// The Tela of the plot on a QPainter: a window, a QImage, a printer or a PDF.
+#pragma once
+
+#include "grafica.h"
+
+#include <QFont>
+#include <QHash>
+#include <QPainter>
+
+namespace tavolet {
+
+class TelaQPainter : public Tela {
+public:
+    // The painter is already begun on its device; larghezzaPx x altezzaPx is the area drawn
+    // and dpi the device's resolution (millimetres and twips follow from it).
+    TelaQPainter(QPainter& painter, int larghezzaPx, int altezzaPx, double dpi = 96);
+
+    // Fonts made once per face, size and angle (true), or one per text (false).
+    void UsaCacheCaratteri(bool si) { cache_ = si; }
+
+    double LarghezzaMm() const override;
+    double AltezzaMm() const override;
+    double TwipsPerPixel() const override;
+    void Pulisci() override;
+    void Scala(double x1, double y1, double x2, double y2) override;
+    void Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
+               int colore) override;
+    void Cerchio(double x, double y, double raggio, int colore) override;
+    void Testo(double x, double y, const QString& testo, const QString& font, double altezzaPixel,
+               double angolo, int colore) override;
+
+private:
+    QPointF Mappa(double x, double y) const;
+    QPainter& p_;
+    int w_, h_;
+    double dpi_;
+    double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
+    bool cache_ = true;
+    struct ChiaveFont {
+        QString faccia;
+        int pixel;
+        bool operator==(const ChiaveFont&) const = default;
+    };
+    friend size_t qHash(const ChiaveFont& k, size_t seme) {
+        return qHashMulti(seme, k.faccia, k.pixel);
+    }
+    struct Font {
+        QFont font;
+        double ascesa;
+    };
+    QHash<ChiaveFont, Font> font_;
+};
+
+} // namespace tavolet
