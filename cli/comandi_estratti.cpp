@@ -1,4 +1,5 @@
 // Commands on extracts (.EMP).
+#include "archivio.h"
 #include "comandi.h"
 #include "copia_estratto.h"
 #include "cxf.h"
@@ -11,13 +12,31 @@ namespace tavolet::cli {
 
 namespace {
 
+// An extract named without a folder lies in Pregeo's extracts folder, as everywhere else. The
+// usage word ESTRATTO (not IN) leaves the test of a missing file to the routines, which give
+// the system's own messages.
+QString ArgomentoEstratto(Contesto& c, const QString& argomento) {
+    if (argomento.contains(u'/') || argomento.contains(u'\\')) return argomento;
+    if (c.stato.amb.RigheIni.isEmpty()) PreparaAmbiente(c.stato);
+    return PercorsoEstratto(c.stato, argomento);
+}
+
+QString EstrattoN(Contesto& c, int i) {
+    const QString& a = c.argomenti[i];
+    return a.contains(u'/') || a.contains(u'\\') ? PercorsoArgomento(a) : ArgomentoEstratto(c, a);
+}
+
+QString Estratto1(Contesto& c) {
+    return EstrattoN(c, 0);
+}
+
 const Registra riscrivi(
     {{"estratto", "riscrivi"},
-     "IN OUT",
-     "copia IN in OUT, poi lo legge e lo riscrive: vertici ordinati e rinumerati, aree",
+     "ESTRATTO OUT",
+     "copia ESTRATTO in OUT, poi lo legge e lo riscrive: vertici ordinati e rinumerati, aree",
      2,
      [](Contesto& c) {
-         const QString in = PercorsoArgomento(c.argomenti[0]);
+         const QString in = Estratto1(c);
          const QString out = PercorsoArgomento(c.argomenti[1]);
          if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"), [&] { CopiaFile(in, out); }))
              return 1;
@@ -27,21 +46,20 @@ const Registra riscrivi(
      }});
 
 const Registra pulisci({{"estratto", "pulisci"},
-                        "FILE",
+                        "ESTRATTO",
                         "toglie dall'estratto i vertici che nessuna linea usa (sul posto)",
                         1,
                         [](Contesto& c) {
-                            PulisciEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                            PulisciEstratto(c.stato, Estratto1(c));
                             return 0;
                         }});
 
 const Registra info({{"estratto", "info"},
-                     "IN",
+                     "ESTRATTO",
                      "stampa i dati della riga 0 e il numero di righe di ogni lista",
                      1,
                      [](Contesto& c) {
-                         const Estratto e =
-                             EsplodiEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                         const Estratto e = EsplodiEstratto(c.stato, Estratto1(c));
                          const QList<std::pair<const char*, QString>> valori = {
                              {"EstrattoComune", e.EstrattoComune},
                              {"EstrattoFoglio", e.EstrattoFoglio},
@@ -65,12 +83,11 @@ const Registra info({{"estratto", "info"},
                      }});
 
 const Registra dati({{"estratto", "dati"},
-                     "IN",
+                     "ESTRATTO",
                      "stampa comune, foglio, particelle ed est medio presi per il libretto",
                      1,
                      [](Contesto& c) {
-                         const DatiEstratto d =
-                             CopiaIDatiDellEstratto(c.stato, PercorsoArgomento(c.argomenti[0]));
+                         const DatiEstratto d = CopiaIDatiDellEstratto(c.stato, Estratto1(c));
                          c.out << "Comune=" << d.Comune << '\n'
                                << "Foglio=" << d.Foglio << '\n'
                                << "Particelle=" << d.Particelle << '\n'
@@ -78,23 +95,24 @@ const Registra dati({{"estratto", "dati"},
                          return 0;
                      }});
 
-const Registra copia({{"estratto", "copia"},
-                      "PERCORSO",
-                      "copia .EMP/.PNG col compagno, o scompatta .ZIP, negli estratti di Pregeo",
-                      1,
-                      [](Contesto& c) {
-                          PreparaAmbiente(c.stato);
-                          const QString percorso = PercorsoArgomento(c.argomenti[0]);
-                          const QString estensione = percorso.right(4).toUpper();
-                          if (estensione != u".EMP" && estensione != u".PNG" &&
-                              estensione != u".ZIP") {
-                              QTextStream(stderr) << "Ammessi file .EMP, .PNG, .ZIP\n";
-                              return 2;
-                          }
-                          if (!DrageDrop(c.stato, percorso)) return 1;
-                          c.out << "NomeEstratto=" << c.stato.doc.NomeEstratto << '\n';
-                          return 0;
-                      }});
+const Registra
+    copia({{"estratto", "copia"},
+           "ESTRATTO",
+           "copia .EMP/.PNG col compagno, o scompatta .ZIP, negli estratti di Pregeo",
+           1,
+           [](Contesto& c) {
+               PreparaAmbiente(c.stato);
+               // The quotes of a path pasted from Windows go before the test.
+               const QString percorso = PercorsoArgomento(QString(c.argomenti[0]).remove(u'"'));
+               const QString estensione = percorso.right(4).toUpper();
+               if (estensione != u".EMP" && estensione != u".PNG" && estensione != u".ZIP") {
+                   QTextStream(stderr) << "Ammessi file .EMP, .PNG, .ZIP\n";
+                   return 2;
+               }
+               if (!DrageDrop(c.stato, percorso)) return 1;
+               c.out << "NomeEstratto=" << c.stato.doc.NomeEstratto << '\n';
+               return 0;
+           }});
 
 const Registra dacxf({{"estratto", "dacxf"},
                       "IN [OUT.EMP]",
@@ -123,14 +141,13 @@ const Registra unisci({{"estratto", "unisci"},
                        3,
                        [](Contesto& c) {
                            const QString out = PercorsoArgomento(c.argomenti[2]);
-                           return ConTrappola(
-                                      c.stato, QStringLiteral("UnisciDueEstratti"),
-                                      [&] {
-                                          const QString testo = UnisciTestiEstratti(
-                                              LeggiTesto(PercorsoArgomento(c.argomenti[0])),
-                                              LeggiTesto(PercorsoArgomento(c.argomenti[1])));
-                                          ScriviTesto(out, testo);
-                                      })
+                           return ConTrappola(c.stato, QStringLiteral("UnisciDueEstratti"),
+                                              [&] {
+                                                  const QString testo = UnisciTestiEstratti(
+                                                      LeggiTesto(Estratto1(c)),
+                                                      LeggiTesto(EstrattoN(c, 1)));
+                                                  ScriviTesto(out, testo);
+                                              })
                                       ? 0
                                       : 1;
                        }});
@@ -148,6 +165,73 @@ const Registra comune({{"estratto", "comune"},
                            c.out << nome << '\n';
                            return 0;
                        }});
+
+const Registra validita({{"estratto", "validita"},
+                         "ESTRATTO",
+                         "stampa la validità dell'estratto come la mostra l'archivio",
+                         1,
+                         [](Contesto& c) {
+                             const QString percorso = Estratto1(c);
+                             const Estratto e = EsplodiEstratto(c.stato, percorso);
+                             if (c.stato.ErroriMostrati > 0) return 1;
+                             c.out << TestoValidita(e.EstrattoMesi) << '\n';
+                             return 0;
+                         }});
+
+const Registra verifica({{"estratto", "verifica"},
+                         "CARTELLA",
+                         "per ogni .EMP: punti, PF, righe DISTANZA e PARTICELLA",
+                         1,
+                         [](Contesto& c) {
+                             const auto conteggi =
+                                 VerificaEstratti(c.stato, PercorsoArgomento(c.argomenti[0]),
+                                                  AvanzamentoSuTerminale("Estratti letti"));
+                             for (const ConteggioEstratto& k : conteggi)
+                                 c.out << k.nome << ' ' << k.punti << ' ' << k.pf << ' '
+                                       << k.distanze << ' ' << k.particelle << '\n';
+                             return 0;
+                         }});
+
+const Registra vuota({{"estratto", "vuota"},
+                      "ESTRATTO",
+                      "lascia nell'estratto la prima e l'ultima riga (sul posto)",
+                      1,
+                      [](Contesto& c) { return VuotaEstratto(c.stato, Estratto1(c)) ? 0 : 1; }});
+
+const Registra
+    autoallestito({{"estratto", "autoallestito"},
+                   "ESTRATTO",
+                   "trasforma l'estratto in autoallestito (sul posto)",
+                   1,
+                   [](Contesto& c) { return RendiAutoallestito(c.stato, Estratto1(c)) ? 0 : 1; }});
+
+const Registra azzeraDitte({{"estratto", "azzera-ditte"},
+                            "ESTRATTO",
+                            "archivia le righe DITTA e le toglie dall'estratto (copia in TEMP)",
+                            1,
+                            [](Contesto& c) {
+                                const QString percorso = Estratto1(c);
+                                if (c.stato.amb.CartellaLavoro.isEmpty()) Inizializza(c.stato);
+                                return AzzeraDitte(c.stato, percorso) ? 0 : 1;
+                            }});
+
+const Registra rinominaParticella({{"estratto", "rinomina-particella"},
+                                   "ESTRATTO VECCHIO NUOVO",
+                                   "rinomina la particella nelle linee chiuse dell'estratto",
+                                   3,
+                                   [](Contesto& c) {
+                                       return RinominaParticella(c.stato, Estratto1(c),
+                                                                 c.argomenti[1], c.argomenti[2])
+                                                  ? 0
+                                                  : 1;
+                                   }});
+
+const Registra eliminaParticella(
+    {{"estratto", "elimina-particella"},
+     "ESTRATTO NOME",
+     "toglie le linee della particella e i vertici rimasti isolati",
+     2,
+     [](Contesto& c) { return EliminaParticella(c.stato, Estratto1(c), c.argomenti[1]) ? 0 : 1; }});
 
 } // namespace
 

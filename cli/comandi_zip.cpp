@@ -33,7 +33,7 @@ const Registra zip({{"zip"},
                         ZipClass archivio;
                         archivio.Comment(commento);
                         for (const QString& f : file) {
-                            if (!archivio.AddFile(PercorsoLocale(PercorsoArgomento(f)))) {
+                            if (!archivio.AddFile(PercorsoArgomento(f))) {
                                 c.piattaforma.Messaggio(f + QStringLiteral(" NON trovato!"),
                                                         QStringLiteral("Tavolet"), Icona::Avviso);
                                 return 1;

@@ -2,6 +2,8 @@
 // pair: a comune's extracts reach a hundred thousand vertices.
 #include "unisci.h"
 
+#include "archivio.h"
+
 #include "errore.h"
 #include "file_testo.h"
 #include "interno.h"
@@ -183,10 +185,6 @@ void Fondi(Unione& u, QList<Unione::Punto>& da, const QList<Unione::Punto>& in, 
         a.vuoto = true;
         u.sostituzioni.append({a.id, in[j].id});
     }
-}
-
-QString CartellaEstratti(const Stato& stato) {
-    return stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\estratti\\");
 }
 
 QString SenzaEstensione(const QString& percorso) {

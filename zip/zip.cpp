@@ -1,5 +1,7 @@
 #include "zip.h"
 
+#include "percorsi.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -89,9 +91,11 @@ void ZipClass::Comment(const QString& testo) {
 }
 
 bool ZipClass::AddFile(const QString& percorso, const QString& nome, const QString& commento) {
-    const QFileInfo info(percorso);
+    // The disk may spell the name otherwise ("mixed.emp"): the archive keeps the caller's.
+    const QString locale = PercorsoLocale(percorso);
+    const QFileInfo info(locale);
     if (!info.isFile()) return false;
-    QFile f(percorso);
+    QFile f(locale);
     if (!f.open(QIODevice::ReadOnly)) return false;
     const QByteArray dati = f.readAll();
     f.close();

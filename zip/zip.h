@@ -1,6 +1,5 @@
 // A small writer of ZIP archives over zlib: whole files compressed in memory, the archive
-// written in one pass. It reads no archives. Paths are the host's: a caller with a path in
-// Windows form maps it first (PercorsoLocale).
+// written in one pass. It reads no archives.
 #pragma once
 
 #include <QByteArray>
@@ -63,8 +62,9 @@ class ZipClass {
 public:
     int FileCount() const { return int(file_.size()); }
     void Comment(const QString& testo);
-    // Adds a member; false (and nothing added) when the file is missing or unreadable. An
-    // empty nome keeps the last component of the path, an empty commento means none.
+    // Adds a member; false (and nothing added) when the file is missing or unreadable. The path
+    // may be in Windows form; an empty nome keeps the last component of the path as spelt
+    // here, not as the disk spells it; an empty commento means none.
     bool AddFile(const QString& percorso, const QString& nome = QString(),
                  const QString& commento = QString());
     // Writes the archive. An existing target is left alone (false) unless sovrascrivi, which

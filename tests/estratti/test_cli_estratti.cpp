@@ -100,3 +100,65 @@ TEST(CliEstratti, CopiaNellaCartellaEstratti) {
     EXPECT_EQ(dxf.codice, 2);
     EXPECT_EQ(dxf.err, "Ammessi file .EMP, .PNG, .ZIP\n");
 }
+
+// The archive commands, a CXF and a join, each on its own copy; names without a folder are
+// Pregeo's extracts.
+TEST(CliEstratti, ArchivioCxfUnione) {
+    RadiceProva radice;
+    radice.PregeoMinimo();
+    const QStringList r = {"--radice", radice.Percorso()};
+    const QString cartella = "C:\\pregeo\\estratti\\";
+    radice.Scrivi(cartella + "F120.EMP", Dati("estratti/realistico.EMP"));
+    radice.Scrivi(cartella + "F121.EMP", Dati("estratti/realistico_salvato.EMP"));
+
+    const Esito validita = Esegui(r + QStringList{"estratto", "validita", "F120.EMP"});
+    EXPECT_EQ(validita.codice, 0) << validita.err.toStdString();
+    EXPECT_TRUE(validita.out.startsWith("L'Estratto ")) << validita.out.toStdString();
+
+    const Esito verifica = Esegui(
+        r + QStringList{"estratto", "verifica", radice.Percorso() + "/drive_c/pregeo/estratti"});
+    EXPECT_EQ(verifica.codice, 0);
+    EXPECT_EQ(verifica.out.count('\n'), 2);
+    EXPECT_TRUE(verifica.out.startsWith("F120.EMP ")) << verifica.out.toStdString();
+
+    EXPECT_EQ(
+        Esegui(r + QStringList{"estratto", "rinomina-particella", "F120.EMP", "257", "300"}).codice,
+        0);
+    EXPECT_TRUE(radice.Leggi(cartella + "F120.EMP").contains("|NC|300|300|"));
+    EXPECT_EQ(Esegui(r + QStringList{"estratto", "elimina-particella", "F120.EMP", "300"}).codice,
+              0);
+    EXPECT_FALSE(radice.Leggi(cartella + "F120.EMP").contains("|300|300|"));
+    EXPECT_EQ(Esegui(r + QStringList{"estratto", "autoallestito", "F121.EMP"}).codice, 0);
+    EXPECT_TRUE(
+        radice.Leggi(cartella + "F121.EMP").startsWith("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n"));
+    EXPECT_EQ(Esegui(r + QStringList{"estratto", "azzera-ditte", "F120.EMP"}).codice, 0);
+    EXPECT_FALSE(radice.Leggi(cartella + "F120.EMP").contains("6|DITTA|"));
+    EXPECT_EQ(Esegui(r + QStringList{"estratto", "vuota", "F121.EMP"}).codice, 0);
+    EXPECT_EQ(radice.Leggi(cartella + "F121.EMP").count("\r\n"), 2);
+
+    // The quotes of a pasted path are no part of the extension.
+    radice.Scrivi("C:\\X\\q.emp", Dati("estratti/realistico.EMP"));
+    const Esito copia = Esegui(r + QStringList{"estratto", "copia", "\"C:\\X\\q.emp\""});
+    EXPECT_EQ(copia.codice, 0) << copia.err.toStdString();
+    EXPECT_EQ(radice.Leggi(cartella + "Q.EMP"), Dati("estratti/realistico.EMP"));
+
+    // The Rome sheet: no .SUP, the warning on stderr, the golden extract.
+    QTemporaryDir dir;
+    QFile::copy(PercorsoDati("estratti/H501D076700.CTF"), dir.filePath("roma.ctf"));
+    const Esito cxf =
+        Esegui({"estratto", "dacxf", dir.filePath("roma.ctf"), dir.filePath("R.EMP")});
+    EXPECT_EQ(cxf.codice, 0) << cxf.err.toStdString();
+    EXPECT_TRUE(cxf.err.contains("NON TROVATO!\n\n Sarà impossibile attribuire le superfici"));
+    EXPECT_EQ(Leggi(dir.filePath("R.EMP")), Dati("estratti/H501D076700.EMP"));
+    EXPECT_EQ(Leggi(dir.filePath("R.PNG")), "filevuoto\r\n");
+
+    const Esito unisci = Esegui({"estratto", "unisci", dir.filePath("R.EMP"), dir.filePath("R.EMP"),
+                                 dir.filePath("RR.EMP")});
+    EXPECT_EQ(unisci.codice, 0);
+    EXPECT_EQ(Leggi(dir.filePath("RR.EMP")).count("\r\n8|"),
+              Leggi(dir.filePath("R.EMP")).count("\r\n8|"));
+    const Esito manca = Esegui({"estratto", "unisci", dir.filePath("R.EMP"), dir.filePath("NO.EMP"),
+                                dir.filePath("X.EMP")});
+    EXPECT_EQ(manca.codice, 1);
+    EXPECT_FALSE(QFile::exists(dir.filePath("X.EMP")));
+}
