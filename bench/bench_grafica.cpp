@@ -1,0 +1,86 @@
+// The plot on generated sheets: the first picture (rows to records, fit, paint) and a redraw
+// after one zoom step, into a 1280x800 image, at ten and a hundred thousand vertices.
+#include "TelaQt.h"
+#include "file_testo.h"
+#include "generatore.h"
+#include "grafica.h"
+#include "piattaforma_finta.h"
+#include "stato.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <benchmark/benchmark.h>
+
+using namespace tavolet;
+
+namespace {
+
+const QString& Estratto(int vertici) {
+    static QMap<int, QString> cache;
+    if (!cache.contains(vertici)) {
+        test::OpzioniEstratto o;
+        o.vertici = vertici;
+        cache.insert(vertici, test::GeneraEstratto(o));
+    }
+    return cache[vertici];
+}
+
+void Dipingi(ModelloGrafica& g, QImage& img) {
+    img.fill(Qt::white);
+    QPainter p(&img);
+    TelaQPainter tela(p, img.width(), img.height());
+    BV_RidisegnaGrafica(g, tela);
+}
+
+void BM_PrimaImmagine(benchmark::State& stato) {
+    const QString& testo = Estratto(int(stato.range(0)));
+    PiattaformaFinta piattaforma;
+    Stato s(piattaforma);
+    QImage img(1280, 800, QImage::Format_RGB32);
+    qsizetype punti = 0;
+    for (auto _ : stato) {
+        VistaGrafica vista;
+        ModelloGrafica g(&vista);
+        CaricaRigheEstratto(s, g, RigheDiTesto(testo));
+        Dipingi(g, img);
+        punti = g.ContaPunti();
+        benchmark::DoNotOptimize(img.constBits());
+    }
+    stato.counters["punti"] = double(punti);
+}
+
+void BM_RidisegnoDopoZoom(benchmark::State& stato) {
+    PiattaformaFinta piattaforma;
+    Stato s(piattaforma);
+    VistaGrafica vista;
+    ModelloGrafica g(&vista);
+    CaricaRigheEstratto(s, g, RigheDiTesto(Estratto(int(stato.range(0)))));
+    QImage img(1280, 800, QImage::Format_RGB32);
+    Dipingi(g, img);
+    int passo = 0;
+    for (auto _ : stato) {
+        // Zooming in and out in turn keeps the view around the whole sheet.
+        if (passo++ % 2)
+            BV_ZoomMeno(g);
+        else
+            BV_ZoomPiu(g);
+        Dipingi(g, img);
+        benchmark::DoNotOptimize(img.constBits());
+    }
+}
+
+} // namespace
+
+BENCHMARK(BM_PrimaImmagine)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RidisegnoDopoZoom)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv); // fonts need it
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
