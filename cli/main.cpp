@@ -8,9 +8,11 @@
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QSettings>
 
 #include <cstdio>
+#include <memory>
 
 namespace tavolet::cli {
 
@@ -62,7 +64,16 @@ QString PercorsoArgomento(const QString& argomento) {
 int main(int argc, char** argv) {
     using namespace tavolet;
     using namespace tavolet::cli;
-    QCoreApplication app(argc, argv);
+    // "grafica png" draws text, which needs the GUI application; it runs on the offscreen
+    // platform so that no display is needed.
+    bool disegno = false;
+    for (int i = 1; i + 1 < argc; ++i)
+        disegno = disegno || (qstrcmp(argv[i], "grafica") == 0 && qstrcmp(argv[i + 1], "png") == 0);
+    if (disegno && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::unique_ptr<QCoreApplication> applicazione(disegno ? new QGuiApplication(argc, argv)
+                                                           : new QCoreApplication(argc, argv));
+    QCoreApplication& app = *applicazione;
     QTextStream out(stdout);
     out.setEncoding(QStringConverter::Utf8);
     QTextStream err(stderr);
