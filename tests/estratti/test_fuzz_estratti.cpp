@@ -1,6 +1,13 @@
 // Thousands of broken extracts: the routines give the error report or nothing, never a crash.
+#include "cxf.h"
 #include "estratto.h"
 #include "generatore.h"
+#include "generatore_cxf.h"
+#include "riferimento_cxf.h"
+#include "riferimento_unione.h"
+#include "unisci.h"
+
+#include "errore.h"
 
 #include "supporto.h"
 
@@ -84,4 +91,56 @@ TEST(FuzzEstratti, NessunInputRompeLettoreEScrittore) {
     EXPECT_GT(letti, 500);
     EXPECT_GT(scritti, 500);
     EXPECT_GT(rapporti, 500);
+}
+
+// Broken CXF sheets: the fast conversion and the plain one agree (same text or same error),
+// nothing hangs; broken pairs of extracts: the join gives a text or an error, never a crash.
+TEST(FuzzEstratti, CxfEUnione) {
+    std::mt19937 rng(12);
+    QStringList fogli;
+    for (unsigned s = 1; s <= 5; ++s) fogli << GeneraCxf({2 + int(s), 3, s, s % 2 == 1}).cxf;
+    auto caso = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(rng); };
+    int scritti = 0, errori = 0;
+    for (int prova = 0; prova < 1500; ++prova) {
+        QString cxf = Muta(fogli[prova % fogli.size()], rng);
+        if (caso(0, 9) == 0) cxf.insert(caso(0, int(cxf.size())), QStringLiteral("\r\nBORDO\r\n"));
+        PiattaformaFinta piattaforma;
+        Stato stato(piattaforma);
+        const RisultatoCxf r = ComponiEmpDaCxf(stato, cxf, {"h", "1        10"});
+        try {
+            const RiferimentoCxf atteso = ComponiEmpDaCxfRiferimento(cxf, {"h", "1        10"});
+            ASSERT_TRUE(r.scritto) << cxf.toStdString();
+            ASSERT_EQ(r.emp, atteso.emp);
+            ++scritti;
+        } catch (const Errore& e) {
+            ASSERT_FALSE(r.scritto);
+            ASSERT_TRUE(
+                piattaforma.Messaggi().last().contains(QStringLiteral(": %1\r\n").arg(e.numero)));
+            ++errori;
+        }
+    }
+    EXPECT_GT(scritti, 100); // most mutations break a count or a coordinate
+    EXPECT_GT(errori, 300);
+
+    int uniti = 0;
+    for (int prova = 0; prova < 600; ++prova) {
+        const CoppiaEstratti c = GeneraCoppia(unsigned(prova % 7 + 1), 30);
+        const QString a = Muta(c.base, rng), b = Muta(c.aggiunto, rng);
+        QString veloce, lento;
+        int nVeloce = 0, nLento = 0;
+        try {
+            veloce = UnisciTestiEstratti(a, b);
+        } catch (const Errore& e) {
+            nVeloce = e.numero;
+        }
+        try {
+            lento = UnisciRiferimento(a, b);
+        } catch (const Errore& e) {
+            nLento = e.numero;
+        }
+        ASSERT_EQ(nVeloce, nLento);
+        ASSERT_EQ(veloce, lento);
+        if (nVeloce == 0) ++uniti;
+    }
+    EXPECT_GT(uniti, 200);
 }
