@@ -21,6 +21,7 @@ double TelaQPainter::TwipsPerPixel() const {
 
 void TelaQPainter::Pulisci() {
     p_.fillRect(QRect(0, 0, w_, h_), Qt::white);
+    p_.setBrush(Qt::NoBrush); // markers are rings
 }
 
 void TelaQPainter::Scala(double x1, double y1, double x2, double y2) {
@@ -75,14 +76,25 @@ bool Taglia(QPointF& a, QPointF& b) {
 
 } // namespace
 
+void TelaQPainter::Penna(int colore, int spessore, Qt::PenStyle stile) {
+    if (colore == pennaColore_ && spessore == pennaSpessore_ && stile == pennaStile_) return;
+    QPen penna(Colore(colore));
+    penna.setWidth(spessore);
+    penna.setStyle(stile);
+    p_.setPen(penna);
+    pennaColore_ = colore;
+    pennaSpessore_ = spessore;
+    pennaStile_ = stile;
+}
+
 void TelaQPainter::Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                          int colore) {
     QPointF a = Mappa(x1, y1), b = Mappa(x2, y2);
     if (!Taglia(a, b)) return;
-    QPen penna(Colore(colore));
-    penna.setWidth(std::clamp(spessore, 1, 100));
-    penna.setStyle(stile == 1 ? Qt::DashLine : stile == 2 ? Qt::DotLine : Qt::SolidLine);
-    p_.setPen(penna);
+    Penna(colore, std::clamp(spessore, 1, 100),
+          stile == 1   ? Qt::DashLine
+          : stile == 2 ? Qt::DotLine
+                       : Qt::SolidLine);
     p_.drawLine(a, b);
 }
 
@@ -90,8 +102,7 @@ void TelaQPainter::Cerchio(double x, double y, double raggio, int colore) {
     const QPointF c = Mappa(x, y);
     const double r = raggio * std::abs(sx_);
     if (!std::isfinite(r) || std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite) return;
-    p_.setPen(QPen(Colore(colore), 1));
-    p_.setBrush(Qt::NoBrush);
+    Penna(colore, 1, Qt::SolidLine);
     p_.drawEllipse(c, std::min(r, kLimite), std::min(r, kLimite));
 }
 
@@ -111,8 +122,11 @@ void TelaQPainter::Testo(double x, double y, const QString& testo, const QString
         f.ascesa = QFontMetricsF(f.font).ascent();
         if (cache_) font_.insert(chiave, f);
     }
-    p_.setFont(f.font);
-    p_.setPen(Colore(colore));
+    if (!cache_ || ultimoFont_.pixel != pixel || ultimoFont_.faccia != font) {
+        p_.setFont(f.font);
+        ultimoFont_ = {font, pixel};
+    }
+    Penna(colore, 1, Qt::SolidLine);
     // The point is the text's upper left corner, and the text turns around it.
     const double ascesa = f.ascesa;
     if (angolo == 0 || !std::isfinite(angolo)) {

@@ -30,7 +30,16 @@ public:
                double angolo, int colore) override;
 
 private:
+    struct ChiaveFontUltima {
+        QString faccia;
+        int pixel = -1;
+    };
     QPointF Mappa(double x, double y) const;
+    // The painter's pen and font change only when they differ from the last ones set.
+    void Penna(int colore, int spessore, Qt::PenStyle stile);
+    int pennaColore_ = -1, pennaSpessore_ = -1;
+    Qt::PenStyle pennaStile_ = Qt::NoPen;
+    ChiaveFontUltima ultimoFont_;
     QPainter& p_;
     int w_, h_;
     double dpi_;
