@@ -45,6 +45,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter p(this);
         TelaQPainter tela(p, width(), height(), logicalDpiY());
+        tela.UsaCacheTesti(&testi_);
         BV_RidisegnaGrafica(g_.modello_, tela);
     }
 
@@ -78,6 +79,7 @@ protected:
 
 private:
     Grafica& g_;
+    CacheTesti testi_; // the names laid out once, for the redraws of zoom and pan
 };
 
 Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato) {

@@ -6,6 +6,21 @@
 
 namespace tavolet {
 
+const QStaticText& CacheTesti::Testo(const QString& testo, const QFont& font, int pixel) {
+    const QString chiave = font.family() + u'\x1f' + QString::number(pixel) + u'\x1f' + testo;
+    auto i = testi_.find(chiave);
+    if (i == testi_.end()) {
+        // A plot of a joined comune has a few hundred thousand names: past that, start again.
+        if (testi_.size() > 500000) testi_.clear();
+        QStaticText st(testo);
+        st.setTextFormat(Qt::PlainText);
+        st.setPerformanceHint(QStaticText::AggressiveCaching);
+        st.prepare(QTransform(), font);
+        i = testi_.insert(chiave, st);
+    }
+    return *i;
+}
+
 TelaQPainter::TelaQPainter(QPainter& painter, int larghezzaPx, int altezzaPx, double dpi)
     : p_(painter), w_(larghezzaPx), h_(altezzaPx), dpi_(dpi > 0 ? dpi : 96) {}
 
@@ -130,7 +145,10 @@ void TelaQPainter::Testo(double x, double y, const QString& testo, const QString
     // The point is the text's upper left corner, and the text turns around it.
     const double ascesa = f.ascesa;
     if (angolo == 0 || !std::isfinite(angolo)) {
-        p_.drawText(QPointF(c.x(), c.y() + ascesa), testo);
+        if (testi_)
+            p_.drawStaticText(c, testi_->Testo(testo, f.font, pixel));
+        else
+            p_.drawText(QPointF(c.x(), c.y() + ascesa), testo);
         return;
     }
     p_.save();

@@ -6,8 +6,19 @@
 #include <QFont>
 #include <QHash>
 #include <QPainter>
+#include <QStaticText>
 
 namespace tavolet {
+
+// Texts laid out once and kept between redraws (a plot redraws the same names at every step).
+class CacheTesti {
+public:
+    const QStaticText& Testo(const QString& testo, const QFont& font, int pixel);
+    void Svuota() { testi_.clear(); }
+
+private:
+    QHash<QString, QStaticText> testi_; // keyed by face, size and text
+};
 
 class TelaQPainter : public Tela {
 public:
@@ -17,6 +28,8 @@ public:
 
     // Fonts made once per face, size and angle (true), or one per text (false).
     void UsaCacheCaratteri(bool si) { cache_ = si; }
+    // Texts laid out once across redraws; none by default.
+    void UsaCacheTesti(CacheTesti* cache) { testi_ = cache; }
 
     double LarghezzaMm() const override;
     double AltezzaMm() const override;
@@ -45,6 +58,7 @@ private:
     double dpi_;
     double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
     bool cache_ = true;
+    CacheTesti* testi_ = nullptr;
     struct ChiaveFont {
         QString faccia;
         int pixel;

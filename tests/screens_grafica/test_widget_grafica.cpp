@@ -215,11 +215,13 @@ TEST(DisegnoRiferimento, IlRitaglioNonCambiaLImmagine) {
         VistaGrafica vista;
         ModelloGrafica g(&vista);
         CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
+        CacheTesti testi; // kept across the steps, as the window keeps it
         for (int passo = 0; passo < 4; ++passo) {
             QImage a(640, 400, QImage::Format_RGB32), b(640, 400, QImage::Format_RGB32);
             {
                 QPainter pa(&a);
                 TelaQPainter ta(pa, 640, 400);
+                ta.UsaCacheTesti(&testi);
                 BV_RidisegnaGrafica(g, ta);
             }
             {
