@@ -1,5 +1,6 @@
 // The commands of the archive of extracts on files.
 #include "archivio.h"
+#include "autoallestito.h"
 #include "estratto.h"
 
 #include "supporto.h"
@@ -113,4 +114,31 @@ TEST_F(Archivio, EsempiEProtocollo) {
     EXPECT_EQ(TrovaEstrattoPerProtocollo(s, {"ESTRATTO.emp", "P.EMP"}, "XX1/2025"), "P.EMP");
     // A file with an empty first line ends the search.
     EXPECT_EQ(TrovaEstrattoPerProtocollo(s, {"VUOTO.EMP", "P.EMP"}, "XX1/2025"), "");
+}
+
+TEST(Autoallestito, ParticelleETesta) {
+    QString classe = "01", descrizione = "ENTE URBANO E ALTRO";
+    // A surface with a comma: the number stops there; the description is cut to twelve.
+    const QString riga =
+        RicalcolaParticella(RigaParticellaVuota("12"), classe, descrizione, "1234,56", "01");
+    EXPECT_EQ(riga, "6|PARTICELLA|12|01|ENTE URBANO |1234|1234|||SN|");
+    // Job type 22 overrides the quality chosen.
+    classe = "01";
+    descrizione = "FR DIV SUB";
+    EXPECT_EQ(RicalcolaParticella(riga, classe, descrizione, "50", "22"),
+              "6|PARTICELLA|12|00|FABB PROMIS |50|50|||SN|");
+    EXPECT_EQ(classe, "00");
+
+    QStringList righe = {"0|AUTOALLESTITO|0|0|0|0|0|0|0|0|", "7|4|1%|2%|3%|1%|NC|12|12|50|",
+                         "6|PARTICELLA|12|old|"};
+    UnisciParticella(righe, riga);
+    EXPECT_EQ(righe[2], riga);
+    UnisciParticella(righe, RigaParticellaVuota("13"));
+    EXPECT_EQ(righe.size(), 4);
+    righe[0] = RicalcolaAutoAllestito(righe[0], "A001", "PD", "120", "12,13");
+    EXPECT_EQ(righe[0], "0|AUTOALLESTITO|PD|A001|00120|12,13|PD|0|0|0|");
+    RinominaParticellaAutoallestito(righe, "12", "14");
+    EXPECT_EQ(righe[0], "0|AUTOALLESTITO|PD|A001|00120|14,13|PD|0|0|0|");
+    EXPECT_EQ(righe[1], "7|4|1%|2%|3%|1%|NC|14|12|50|");
+    EXPECT_EQ(QualitaAutoallestito().size(), 4);
 }
