@@ -112,15 +112,13 @@ QString TestoGrafica(const DaPregeo& dp) {
     return testo;
 }
 
-QString MostraListaPregeo(Stato& stato, DaPregeo& dp, int riga) {
+QString MostraAtto(Stato& stato, DaPregeo& dp, const QString& chiave) {
     QString elab;
     const QString tag = dp.Caption + QStringLiteral(" MostraListaPregeo");
     ConTrappola(stato, tag, [&] {
         dp.Punti.clear();
         dp.RigheLibretto.clear();
-        if (riga < 0 || riga >= dp.Atti.size()) return;
-        const QStringList& atto = dp.Atti[riga];
-        EsportaTutto(stato, ChiaveAtto(Cella(atto, 1), Cella(atto, 2)));
+        EsportaTutto(stato, chiave);
         stato.TagRoutine = tag + u'1';
         dp.RigheLibretto = RigheRisultato(PercorsoEsportazione(stato, kEsportaLibretto));
         stato.TagRoutine = tag + u'2';
@@ -141,6 +139,16 @@ QString MostraListaPregeo(Stato& stato, DaPregeo& dp, int riga) {
         }
     });
     return elab;
+}
+
+QString MostraListaPregeo(Stato& stato, DaPregeo& dp, int riga) {
+    if (riga < 0 || riga >= dp.Atti.size()) {
+        dp.Punti.clear();
+        dp.RigheLibretto.clear();
+        return {};
+    }
+    const QStringList& atto = dp.Atti[riga];
+    return MostraAtto(stato, dp, ChiaveAtto(Cella(atto, 1), Cella(atto, 2)));
 }
 
 QString TestoRighe8(const DaPregeo& dp) {

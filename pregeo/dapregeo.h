@@ -37,6 +37,8 @@ void CaricaPregeo800(Stato& stato, DaPregeo& dp);
 // A click on an act: its export, the points and their descriptions, and elab.sur for the plot.
 // Returns the path of elab.sur, or empty when there was nothing to draw.
 QString MostraListaPregeo(Stato& stato, DaPregeo& dp, int riga);
+// The same for the act of that key.
+QString MostraAtto(Stato& stato, DaPregeo& dp, const QString& chiave);
 // Descriptions of the points from the rows 1, 2, 4 and 5 of the act's libretto.
 void CaricaDescrizione(DaPregeo& dp);
 // The first description found for a point holds.

@@ -7,6 +7,7 @@
 #include "configura_pregeo.h"
 #include "dapregeo.h"
 #include "descrizione.h"
+#include "parole_comando.h"
 #include "pdf_tag.h"
 #include "ponticello.h"
 #include "versione_file.h"

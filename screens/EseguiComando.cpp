@@ -11,13 +11,6 @@
 
 namespace tavolet {
 
-const QStringList& ParoleComando() {
-    static const QStringList parole = {
-        "LIBRETTO_DA_DISEGNO", "CONFIGURA_PREGEO", "SELEZIONA_MISURATE", "MISURATE_DA1_PF",
-        "INFO_MISURATE",       "DA_PREGEO",        "DA_PREGEO_DXF"};
-    return parole;
-}
-
 void EseguiComando(Stato& stato, const QString& parola, const QString& parametro, QWidget* parent) {
     const QString p = UCase(Trim(parola));
     if (p == u"CONFIGURA_PREGEO") {

@@ -11,8 +11,6 @@ namespace tavolet {
 
 struct Stato;
 
-// The words the dispatcher knows; any other word does nothing.
-const QStringList& ParoleComando();
 // Runs one word with its parameter; parent is the window the screens open over.
 void EseguiComando(Stato& stato, const QString& parola, const QString& parametro, QWidget* parent);
 // Installs the dispatcher and the Pregeo bridge into the state, for the command line at start.

@@ -1,0 +1,255 @@
+// Pregeo's PDF reopened as its libretto, the command line's words, the answers to a sibling
+// tool, and broken input for the tag-block reader.
+#include "pregeo.h"
+
+#include "supporto.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+// With TAVOLET_ORO set, the bytes written become the golden file (to look at before keeping).
+QByteArray Oro(const QByteArray& scritto, const QString& nome) {
+    if (qEnvironmentVariableIsSet("TAVOLET_ORO")) {
+        QFile f(qEnvironmentVariable("TAVOLET_ORO") + u'/' + nome);
+        if (f.open(QIODevice::WriteOnly)) f.write(scritto);
+    }
+    return scritto;
+}
+} // namespace
+
+namespace {
+
+const QByteArray kBlocchi =
+    "% [TAG1000]|0|15032025|000123|G224|0012|45|ROSSI MARIO|GEOMETRA|PADOVA|<nr>9|1|[/TAG]\n"
+    "% [TAG2000]|1|S1|1.500|<nr>2|101|100.0000|25.000|CONFINE|<nr>7|101|102|103|[/TAG]\n"
+    "% [TAG3000]|F|X|G224_0012.EMP|FOGLIO 12[/TAG]\n"
+    "% [TAG4000]|9|ROSSI\\ MARIO|<nr>9|BIANCHI| LUCA[/TAG]\n"
+    "% [TAG5000]|SCALA|1000[/TAG]\n"
+    "% [TAG7000]|ignorato[/TAG]\n";
+
+// A small PDF whose page content carries the blocks as comments, uncompressed.
+QByteArray PdfAMano() {
+    const QByteArray contenuto = "BT /F1 12 Tf 72 720 Td (Atto Pregeo) Tj ET\n" + kBlocchi;
+    QList<QByteArray> oggetti = {
+        "<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] /Contents 4 0 R "
+        "/Resources << /Font << /F1 5 0 R >> >> >>",
+        "<< /Length " + QByteArray::number(contenuto.size()) + " >>\nstream\n" + contenuto +
+            "\nendstream",
+        "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>"};
+    QByteArray pdf = "%PDF-1.4\n";
+    QList<qsizetype> posizioni;
+    for (int i = 0; i < oggetti.size(); ++i) {
+        posizioni << pdf.size();
+        pdf += QByteArray::number(i + 1) + " 0 obj\n" + oggetti[i] + "\nendobj\n";
+    }
+    const qsizetype xref = pdf.size();
+    pdf += "xref\n0 " + QByteArray::number(oggetti.size() + 1) + "\n0000000000 65535 f \n";
+    for (qsizetype p : posizioni)
+        pdf += QByteArray::number(p).rightJustified(10, '0') + " 00000 n \n";
+    pdf += "trailer\n<< /Size " + QByteArray::number(oggetti.size() + 1) +
+           " /Root 1 0 R >>\nstartxref\n" + QByteArray::number(xref) + "\n%%EOF\n";
+    return pdf;
+}
+
+struct ConPdf : ConPregeo {
+    void SetUp() override {
+        ConPregeo::SetUp();
+        InstallaPregeo(s);
+        radice.Scrivi("C:\\pregeo\\estratti\\g224_0012.emp", "0|x|\r\n");
+    }
+    // The drop of the main form, confirmed.
+    void Trascina(const QString& percorsoWindows) {
+        p.risposte << Risposta::Si;
+        ASSERT_TRUE(TrascinaLibretto(s, PercorsoLocale(percorsoWindows)));
+    }
+};
+
+} // namespace
+
+TEST_F(ConPdf, IlPdfDiventaIlSuoLibretto) {
+    radice.Scrivi("C:\\Atti\\atto.pdf", PdfAMano());
+    Trascina("C:\\Atti\\atto.pdf");
+    EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
+    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join("\n").toStdString();
+    EXPECT_TRUE(s.doc.PercorsoLibretto.endsWith("/ATTI/ATTO.TXT"))
+        << s.doc.PercorsoLibretto.toStdString();
+    // The extract is the one found in Pregeo's folder, as it stands there.
+    EXPECT_EQ(s.doc.NomeEstratto, "g224_0012.emp");
+    // Block 4000: "9|", bars and backslashes gone.
+    EXPECT_EQ(s.doc.TestoPossessori, "ROSSI MARIO\r\nBIANCHI LUCA");
+    EXPECT_EQ(s.testata.Protocollo, "000123");
+    ScriviLibrettoMisure(s);
+    EXPECT_EQ(Oro(radice.Leggi("C:\\Atti\\ATTO.TXT"), "pregeo/atto_da_pdf.txt"),
+              Dati("pregeo/atto_da_pdf.txt"));
+
+    const AttoDaPdf atto = LeggiBlocchiTag(s, PercorsoLocale("C:\\Atti\\atto.pdf"));
+    EXPECT_EQ(atto.TipoAtto, "F");
+    EXPECT_EQ(atto.TestataEstratto, "F\r\nX\r\nG224_0012.EMP\r\nFOGLIO 12\r\nSCALA\r\n1000");
+}
+
+TEST_F(ConPdf, EstrattoMancanteEPdfSenzaBlocchi) {
+    QByteArray pdf = PdfAMano();
+    pdf.replace("G224_0012.EMP", "A001_0099.EMP");
+    radice.Scrivi("C:\\Atti\\B.PDF", pdf);
+    Trascina("C:\\Atti\\B.PDF");
+    EXPECT_EQ(p.Messaggi(), QStringList{"Trascina Libretto: Estratto Associato non trovato nella "
+                                        "cartella Estratti di Pregeo."});
+    EXPECT_EQ(s.doc.NomeEstratto, "");
+    pdf.replace("A001_0099.EMP", "autoallestito");
+    radice.Scrivi("C:\\Atti\\C.PDF", pdf);
+    Trascina("C:\\Atti\\C.PDF");
+    EXPECT_EQ(p.Messaggi().size(), 1);
+    EXPECT_EQ(s.doc.NomeEstratto, "autoallestito");
+
+    radice.Scrivi("C:\\Atti\\VUOTO.PDF", "%PDF-1.4\nniente\n%%EOF\n");
+    Trascina("C:\\Atti\\VUOTO.PDF");
+    EXPECT_EQ(s.doc.TestoPossessori, "");
+    EXPECT_EQ(s.doc.RigheLibretto.Conta(), 2); // rows 0 and 9 of a new libretto
+    EXPECT_EQ(p.Messaggi().size(), 1);
+    // Refused on the question: nothing changes.
+    p.risposte << Risposta::No;
+    s.doc.PercorsoLibretto = "X";
+    EXPECT_FALSE(TrascinaLibretto(s, PercorsoLocale("C:\\Atti\\B.PDF")));
+    EXPECT_EQ(s.doc.PercorsoLibretto, "X");
+}
+
+TEST_F(ConPdf, PdfRiscrittoDaQpdfConFlussiCompressi) {
+    const QString qpdf = QStandardPaths::findExecutable("qpdf");
+    if (qpdf.isEmpty()) GTEST_SKIP() << "qpdf non installato: prova del PDF compresso saltata";
+    radice.Scrivi("C:\\Atti\\piano.pdf", PdfAMano());
+    QProcess pr;
+    pr.start(qpdf, {"--object-streams=generate", "--compress-streams=y",
+                    PercorsoLocale("C:\\Atti\\piano.pdf"),
+                    PercorsoLocale("C:\\Atti") + "/compresso.pdf"});
+    ASSERT_TRUE(pr.waitForFinished(60000));
+    ASSERT_TRUE(pr.exitCode() == 0 || pr.exitCode() == 3) << pr.readAllStandardError().data();
+    const QByteArray compresso = radice.Leggi("C:\\Atti\\compresso.pdf");
+    ASSERT_FALSE(compresso.contains("[TAG")) << "qpdf ha lasciato il testo in chiaro";
+    ASSERT_TRUE(compresso.contains("/FlateDecode"));
+    Trascina("C:\\Atti\\compresso.pdf");
+    EXPECT_TRUE(p.Messaggi().isEmpty());
+    ScriviLibrettoMisure(s);
+    EXPECT_EQ(Oro(radice.Leggi("C:\\Atti\\COMPRESSO.TXT"), "pregeo/atto_da_pdf.txt"),
+              Dati("pregeo/atto_da_pdf.txt"));
+}
+
+TEST_F(ConPregeo, RigaDiComandoConParola) {
+    QStringList parole;
+    s.EseguiComando = [&](Stato&, const QString& parola, const QString& parametro) {
+        parole << parola + "=" + parametro;
+    };
+    radice.Scrivi("C:\\Libretti\\L.DAT", "0|01012024|77|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n");
+    // An empty first field opens Nuovo.DAT; the bars appended give an empty parameter.
+    EXPECT_FALSE(AvvioProgramma(s, "|da_pregeo"));
+    EXPECT_EQ(s.doc.PercorsoLibretto, s.amb.CartellaLavoro + "\\Nuovo.DAT");
+    EXPECT_EQ(s.UltimoRisultato, "DA_PREGEO");
+    EXPECT_TRUE(ComandoTag(s, "\"C:\\Libretti\\l.dat\"|Misurate_Da1_PF|pf01/0010/g224"));
+    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\L.DAT");
+    EXPECT_EQ(parole, (QStringList{"DA_PREGEO=", "MISURATE_DA1_PF=PF01/0010/G224"}));
+    // A lower-case ".zip" is an extract to copy, since the text is upper-cased first.
+    QStringList estratti;
+    s.DrageDrop = [&](Stato&, const QString& percorso) { estratti << percorso; };
+    EXPECT_FALSE(ComandoTag(s, "c:\\download\\foglio.zip"));
+    EXPECT_EQ(estratti, QStringList{"C:\\DOWNLOAD\\FOGLIO.ZIP"});
+    EXPECT_EQ(parole.size(), 2);
+    EXPECT_NE(TrovaParola("info_misurate"), nullptr);
+    EXPECT_EQ(TrovaParola("Unarvo2"), nullptr);
+    EXPECT_EQ(TrovaParola("IMPORT-INST_TAF-MISURATE"), nullptr);
+}
+
+TEST_F(ConPregeo, RispostaAlProgrammaChiamante) {
+    CreaAlberoCartelle(s);
+    RispondiTag(s, "G224");
+    EXPECT_EQ(p.appunti, "G224");
+    EXPECT_EQ(s.UltimoRisultato, "G224");
+    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\temp\\TagUno.tag"), Dati("pregeo/TagUno.tag"));
+    ScriviTag(s, "ALTRO");
+    EXPECT_EQ(p.appunti, "G224");
+    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\temp\\TagUno.tag"), "ALTRO\r\n");
+}
+
+TEST(BlocchiTag, IngressiRotti) {
+    // A block without its end mark, a number of 1e30, an unknown number: nothing of them.
+    EXPECT_TRUE(LeggiBlocchiTagDaDati("[TAG1000]|1|A|<nr>2|B|").Vuoto());
+    EXPECT_TRUE(LeggiBlocchiTagDaDati("[TAG1e30]|x[/TAG][TAG 999]|y[/TAG]").Vuoto());
+    const BlocchiTag b = LeggiBlocchiTagDaDati("[TAG1000]|1|A|[TAG2000]|2|B|[/TAG]");
+    ASSERT_EQ(b.blocchi.size(), 1);
+    EXPECT_EQ(b.Testo(2000), "2|B|");
+    // A Flate stream that does not inflate, and one that would grow to a gigabyte.
+    EXPECT_TRUE(LeggiBlocchiTagDaDati("1 0 obj<</Filter/FlateDecode>>stream\nx\x9cGARBAGE\n"
+                                      "endstream")
+                    .Vuoto());
+    QByteArray zero(1 << 20, '\0');
+    QByteArray bomba = qCompress(zero, 9).mid(4);
+    QByteArray grande;
+    for (int i = 0; i < 4; ++i) grande += "stream\n" + bomba + "\nendstream\n";
+    EXPECT_TRUE(LeggiBlocchiTagDaDati(grande).Vuoto());
+    // 50 MB with no block: an answer, and no block.
+    QByteArray enorme(50 << 20, 'x');
+    EXPECT_TRUE(LeggiBlocchiTagDaDati(enorme).Vuoto());
+}
+
+TEST(BlocchiTag, FuzzDelLettore) {
+    std::mt19937 rng(20261122);
+    auto caso = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(rng); };
+    const QByteArray base = kBlocchi + "stream\n" + qCompress(kBlocchi).mid(4) + "\nendstream\n";
+    static const QByteArray pezzi[] = {"[TAG", "[/TAG",  "]|",       "<nr>",      "|",  "1000",
+                                       "4000", "3000]|", "stream\n", "endstream", "\\", "9|"};
+    for (int giro = 0; giro < 3000; ++giro) {
+        QByteArray d = base;
+        for (int m = caso(1, 8); m > 0; --m) {
+            const int n = int(d.size());
+            switch (caso(0, 4)) {
+            case 0:
+                d.truncate(caso(0, n));
+                break;
+            case 1:
+                if (n) d[caso(0, n - 1)] = char(caso(0, 255));
+                break;
+            case 2:
+                d.insert(caso(0, n), pezzi[caso(0, 11)]);
+                break;
+            case 3:
+                d.remove(caso(0, n), caso(0, 40));
+                break;
+            default:
+                d.insert(caso(0, n), QByteArray(caso(0, 30), char(caso(0, 255))));
+            }
+        }
+        const BlocchiTag b = LeggiBlocchiTagDaDati(d);
+        for (const BloccoTag& blocco : b.blocchi) {
+            EXPECT_TRUE(blocco.numero % 1000 == 0 && blocco.numero >= 1000 &&
+                        blocco.numero <= 5000);
+            if (blocco.numero == 4000)
+                for (const QString& pezzo : blocco.pezzi) {
+                    EXPECT_FALSE(pezzo.contains(u'|'));
+                    EXPECT_FALSE(pezzo.contains(u'\\'));
+                }
+        }
+        // The import's readers take any line too.
+        DaPregeo dp;
+        const QString testo = DaWindows1252(d);
+        for (const QString& riga : RigheDiTesto(testo)) {
+            EXPECT_EQ(RigaAtto(riga).size(), 9);
+            dp.Punti << RigaPunto(riga);
+        }
+        dp.RigheLibretto = RigheDiTesto(testo).mid(0, 50);
+        try {
+            CaricaDescrizione(dp);
+        } catch (const Errore&) {
+            // A row of more than 301 fields is an error for the error report, not a crash.
+        }
+        TestoRighe8(dp);
+    }
+}
