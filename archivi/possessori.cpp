@@ -68,7 +68,8 @@ bool Associapossessori(Stato& stato, const QString& nomeFile, const QString& tes
 }
 
 bool SalvaModifichePossessori(Stato& stato, const QString& nomeFile, const QString& testoFile) {
-    if (Trim(testoFile).isEmpty() || Trim(nomeFile).isEmpty()) return false;
+    // Line ends alone are no text either.
+    if (testoFile.trimmed().isEmpty() || Trim(nomeFile).isEmpty()) return false;
     return ConTrappola(stato, QStringLiteral("SalvaModifichePossessori"), [&] {
         CreaCartella(CartellaVisure(stato));
         ScriviTesto(CartellaVisure(stato) + nomeFile, testoFile);
