@@ -519,6 +519,56 @@ void SalvaPropostaFile1(Stato& stato, Frazionamento& f) {
     f.Chiudi = true;
 }
 
+QList<QStringList> SchemaDaTesto(const QString& testo) {
+    QList<QStringList> righe;
+    for (const QString& linea : RigheDiTesto(testo)) {
+        if (Trim(linea).isEmpty()) continue;
+        QStringList celle =
+            Split(Replace(linea, QStringLiteral("\t"), QStringLiteral("|")), QStringLiteral("|"));
+        for (QString& c : celle) c = Trim(c);
+        if (UCase(celle.value(0)) == QStringLiteral("OPERAZIONE")) continue;
+        celle = celle.mid(0, kColonneSchema);
+        while (celle.size() < kColonneSchema) celle.append(QString());
+        celle[0] = UCase(celle[0]);
+        righe.append(celle);
+    }
+    return righe;
+}
+
+QStringList MemoDaSchema(Stato& stato, Frazionamento& f, const QList<QStringList>& righe) {
+    f.Titolo = TitoloSchermo(f.tipo) + f.Numero();
+    f.SchemaModello = {kIntestazioniSchema, RigaSchema(QStringLiteral("O"), f.Numero()),
+                       RigaSchema(QStringLiteral("S"))};
+    f.SchemaModello[1][2] = f.particella.SupCatastale;
+    f.SchemaModello[1][3] = f.particella.RedditoAgrario;
+    f.SchemaModello[1][4] = f.particella.RedditoDominicale;
+    f.MantieniNumero = false;
+    for (const QStringList& r : righe) {
+        if (r.value(0) == QStringLiteral("O")) {
+            for (int c = 1; c < kColonneSchema; ++c)
+                if (!r.value(c).isEmpty()) f.SchemaModello[1][c] = r[c];
+        } else if (r.value(0) == QStringLiteral("C") || r.value(0) == QStringLiteral("V")) {
+            f.SchemaModello.append(r);
+            if (r[0] == QStringLiteral("V")) f.MantieniNumero = true;
+        }
+    }
+    for (QStringList& r : f.SchemaModello)
+        if (r[0] != QStringLiteral("Operazione") && r[0] != QStringLiteral("S") && r[6].isEmpty())
+            r[6] = QStringLiteral("SN");
+    f.TipoOperazione = f.MantieniNumero ? kFrazionamento282 : kFrazionamento;
+    if (f.SchemaModello.size() < 4) return {};
+    f.RigaCorrente = 3;
+    f.AreaProporzionale = f.SchemaModello[3][5];
+    const int errori = stato.ErroriMostrati;
+    Componi(stato, f);
+    if (stato.ErroriMostrati != errori || f.AnteprimaModello.size() < 2) return {};
+    f.Memo =
+        QStringList{kTitoloCensuario, RigaTesta(kModelloFrazionamento, QStringLiteral("000"))} +
+        f.AnteprimaModello.mid(2);
+    ImpostaConteggioTesta(f.Memo, Formato(double(f.Memo.size() - 2), QStringLiteral("000")));
+    return f.Memo;
+}
+
 void InstallaEditorCensuario(Stato& stato) {
     GestoreEditor g;
     g.leggi = [](Stato& s) {

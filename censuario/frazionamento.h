@@ -110,6 +110,14 @@ void StampaMemo(Stato& stato, const Frazionamento& f);
 void SalvaPropostaFile(Stato& stato, Frazionamento& f);
 void SalvaPropostaFile1(Stato& stato, Frazionamento& f);
 
+// The grid from a text, one row a line, cells in the order of the columns separated by "|" or
+// by a tab; a caption row and empty lines are skipped.
+QList<QStringList> SchemaDaTesto(const QString& testo);
+// The memo that an empty memo file and "Aggiungi a Memo" give for a grid typed in full: rows
+// "O" and "S" come from the parcel unless given, a row "V" keeps the number (342). Empty after
+// an error report.
+QStringList MemoDaSchema(Stato& stato, Frazionamento& f, const QList<QStringList>& righe);
+
 // The editor's mode 383 reads and stores \temp\51FTP.CEN.
 void InstallaEditorCensuario(Stato& stato);
 

@@ -52,6 +52,22 @@ QStringList MappaliInProposta(const QStringList& modello) {
     return voci;
 }
 
+void EliminaFileParticella(Stato& stato, const QString& nomeFile) {
+    ConTrappola(stato, QStringLiteral("BV_EDM"),
+                [&] { EliminaFile(CartellaParticelle(stato) + nomeFile); });
+}
+
+int AzzeraArchivioParticelle(Stato& stato) {
+    int n = 0;
+    ConTrappola(stato, QStringLiteral("BV_EDM"), [&] {
+        for (const QString& nome : ElencoParticelle(stato, QStringLiteral("*.MAP*"))) {
+            EliminaFile(CartellaParticelle(stato) + nome);
+            ++n;
+        }
+    });
+    return n;
+}
+
 CampiParticella CampiDaParticella(const QString& nomeFile, const QString& riga,
                                   const QStringList& tabellaQualita) {
     CampiParticella c;

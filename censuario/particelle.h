@@ -33,6 +33,10 @@ QStringList MappaliInLibretto(const QString& comune, const QString& foglio, cons
 // "Mappali in Proposta": the items whose halves differ, in their order.
 QStringList MappaliInProposta(const QStringList& modello);
 
+// "Elimina Particella" and "Azzera Archivio Particelle" (every file by the pattern *.MAP*).
+void EliminaFileParticella(Stato& stato, const QString& nomeFile);
+int AzzeraArchivioParticelle(Stato& stato);
+
 // The fields from a file name (comune_foglio_numero.MAP) and its first line. The quality code
 // comes from the first lookup of the table of qualities.
 CampiParticella CampiDaParticella(const QString& nomeFile, const QString& riga,
