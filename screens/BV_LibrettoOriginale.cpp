@@ -1,6 +1,7 @@
 #include "BV_LibrettoOriginale.h"
 
 #include "BV_Dapregeo.h"
+#include "BV_EDM.h"
 #include "BV_EditorGen.h"
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
@@ -518,7 +519,12 @@ void BV_LibrettoOriginale::SelezionaTutteOpzioni() {
 // The screens of these commands come with their own parts of the program.
 void BV_LibrettoOriginale::ApriConfigurazione() {}
 void BV_LibrettoOriginale::ApriEstratti() {}
-void BV_LibrettoOriginale::subModelloCensuario() {}
+// The particle archive and its censuary screens, then the silent regrouping of the rows.
+void BV_LibrettoOriginale::subModelloCensuario() {
+    const bool estratti = BV_EDM::Esegui(stato_, this);
+    Comando([this] { subRiordinoRighe(stato_); });
+    if (estratti) ApriEstratti();
+}
 void BV_LibrettoOriginale::ApriTaf() {}
 void BV_LibrettoOriginale::ApriDaPregeoDxf() {
     LeggiSelezione();
