@@ -4,19 +4,23 @@ BUILD ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DEMO ?= $(HOME)/.tavolet-demo
 
-.PHONY: all deps build run test bench asan clean format
+.PHONY: all deps configura build run test bench asan clean format
 
 all: build
 
 deps:
 	@bash scripts/dipendenze.sh
 
-build: deps
+configura: deps
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+build: configura
 	cmake --build $(BUILD) -j $(JOBS)
 
-run: build
+# Only what it runs: the program and tavolet-cli, not the test programs.
+run: configura
 	@bash scripts/dipendenze.sh run
+	cmake --build $(BUILD) -j $(JOBS) --target tavolet tavolet-cli
 	@bash scripts/demo.sh "$(BUILD)" "$(DEMO)"
 
 test: build

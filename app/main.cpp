@@ -4,6 +4,7 @@
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "riordino.h"
+#include "traduzioni.h"
 
 #include <QApplication>
 
@@ -11,6 +12,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tavolet"));
     QApplication::setOrganizationName(QStringLiteral("Tavolet"));
+    // Qt's standard buttons and dialogs in Italian, whatever the system's locale.
+    tavolet::InstallaTraduzioniItaliane();
     tavolet::PiattaformaQt piattaforma;
     tavolet::Stato stato(piattaforma);
     tavolet::InstallaRiordino(stato);

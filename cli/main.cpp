@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QSettings>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <memory>
@@ -24,7 +25,7 @@ QList<Comando>& Tabella() {
 }
 
 void Aiuto(QTextStream& out) {
-    out << "Uso: tavolet-cli [--radice DIR] [--oggi DDMMYYYY] [--si|--no] "
+    out << "Uso: tavolet-cli [--radice DIR] [--oggi DDMMYYYY] [--si|--no] [--verbose] "
            "[--programma NOME.EXE=comando]... COMANDO ...\n\n";
     QList<Comando> ordinati = Tabella();
     std::sort(ordinati.begin(), ordinati.end(),
@@ -92,6 +93,7 @@ int main(int argc, char** argv) {
                                             utente.value(chiave).toString());
     }
     QStringList parole;
+    bool verboso = false;
     for (int i = 0; i < args.size(); ++i) {
         const QString& a = args[i];
         if (a == u"--help" || a == u"-h") {
@@ -120,6 +122,8 @@ int main(int argc, char** argv) {
             piattaforma.rispostaFissa = Risposta::Si;
         } else if (a == u"--no") {
             piattaforma.rispostaFissa = Risposta::No;
+        } else if (a == u"--verbose" || a == u"-v") {
+            verboso = true;
         } else {
             parole << a;
         }
@@ -141,8 +145,22 @@ int main(int argc, char** argv) {
         err << "Uso: tavolet-cli " << scelto->parole.join(' ') << ' ' << scelto->uso << '\n';
         return 2;
     }
-    piattaforma.osservatore = [&err](const Evento& e) {
-        if (e.tipo == u"messaggio" || e.tipo == u"domanda") {
+    // Without a root of its own a run works in a temporary one, so that nothing is made in the
+    // home folder; it says where it looked.
+    std::optional<QTemporaryDir> radiceTemporanea;
+    const QString wine = QDir::homePath() + QStringLiteral("/.wine");
+    if (qEnvironmentVariableIsEmpty("TAVOLET_RADICE") &&
+        qEnvironmentVariableIsEmpty("WINEPREFIX") && !QFileInfo(wine).isDir()) {
+        radiceTemporanea.emplace();
+        if (radiceTemporanea->isValid()) {
+            qputenv("TAVOLET_RADICE", radiceTemporanea->path().toLocal8Bit());
+            err << "Pregeo non trovato: nessuna --radice, nessun WINEPREFIX e nessuna cartella "
+                << wine << "; si prosegue in una cartella temporanea.\n";
+        }
+    }
+    // A question answered with its default is shown only when asked for.
+    piattaforma.osservatore = [&err, verboso](const Evento& e) {
+        if (e.tipo == u"messaggio" || (e.tipo == u"domanda" && verboso)) {
             QString testo = e.testo;
             testo.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
             err << e.titolo << ": " << testo << '\n';

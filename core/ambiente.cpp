@@ -321,10 +321,10 @@ bool AvvioProgramma(Stato& stato, const QString& rigaComando) {
     return true;
 }
 
-void ChiusuraProgramma(Stato& stato) {
+bool ChiusuraProgramma(Stato& stato) {
     AggiornaLibrettoMisure(stato);
     stato.doc.TestoPossessori = UCase(stato.doc.TestoPossessori);
-    SalvaLibrettoMisure(stato);
+    return SalvaLibrettoMisure(stato);
 }
 
 } // namespace tavolet

@@ -47,7 +47,8 @@ QString TitoloIniziale();
 // The start of the main form with no window: false when the program must end (another
 // instance was running).
 bool AvvioProgramma(Stato& stato, const QString& rigaComando);
-// Closing the main form: the document is rebuilt and saved.
-void ChiusuraProgramma(Stato& stato);
+// Closing the main form: the document is rebuilt and saved. False when the save failed: the
+// form then stays open with the document as it is.
+bool ChiusuraProgramma(Stato& stato);
 
 } // namespace tavolet

@@ -388,8 +388,8 @@ QString ApriEditor(Stato& stato, int modo) {
     return testo;
 }
 
-void MemorizzaEditor(Stato& stato, int modo, const QString& testo) {
-    ConTrappola(stato, QStringLiteral("BV_EditorGen_Salva"), [&] {
+bool MemorizzaEditor(Stato& stato, int modo, const QString& testo) {
+    return ConTrappola(stato, QStringLiteral("BV_EditorGen_Salva"), [&] {
         if (modo == kEditorLibretto) {
             stato.doc.TestoLibretto = testo;
             ListaRighe& l = stato.doc.RigheLibretto;

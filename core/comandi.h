@@ -79,6 +79,7 @@ QString TitoloEditor(const Stato& stato, int modo);
 QString DomandaUscitaEditor(int modo);
 // Opening: the text to edit (mode 381 also deletes an old CartellaLavoro\libretto.lib).
 QString ApriEditor(Stato& stato, int modo);
-void MemorizzaEditor(Stato& stato, int modo, const QString& testo);
+// False when storing failed (a mode that writes a file could not): the editor stays open.
+bool MemorizzaEditor(Stato& stato, int modo, const QString& testo);
 
 } // namespace tavolet

@@ -120,20 +120,18 @@ QString TestoFileLibretto(const Stato& stato) {
     return t + CRLF;
 }
 
-void ScriviLibrettoMisure(Stato& stato) {
-    ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"),
-                [&] { ScriviTesto(stato.doc.PercorsoLibretto, TestoFileLibretto(stato)); });
+bool ScriviLibrettoMisure(Stato& stato) {
+    return ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"),
+                       [&] { ScriviTesto(stato.doc.PercorsoLibretto, TestoFileLibretto(stato)); });
 }
 
-void SalvaLibrettoMisure(Stato& stato) {
-    if (stato.doc.PercorsoLibretto.isEmpty())
-        EsportaLibrettoInFile(stato);
-    else
-        ScriviLibrettoMisure(stato);
+bool SalvaLibrettoMisure(Stato& stato) {
+    if (stato.doc.PercorsoLibretto.isEmpty()) return EsportaLibrettoInFile(stato);
+    return ScriviLibrettoMisure(stato);
 }
 
-void EsportaLibrettoInFile(Stato& stato) {
-    ConTrappola(stato, QStringLiteral("EsportaLibrettoInFile"), [&] {
+bool EsportaLibrettoInFile(Stato& stato) {
+    return ConTrappola(stato, QStringLiteral("EsportaLibrettoInFile"), [&] {
         const QString nome = stato.piattaforma->SalvaFile(
             QStringLiteral("Esporta Libretto"), QStringLiteral("c:\\"), QStringLiteral("zzz.dat"),
             QStringLiteral("Libretti (*.dat *.txt);;Tutti i file (*.*)"));

@@ -13,11 +13,13 @@ void CaricaLibrettoMisure(Stato& stato);
 void CaricaLibrettoInList1(Stato& stato);
 // Rebuilds TestoLibretto from RigheLibretto, dropping adjoining doubles (case ignored).
 void AggiornaLibrettoMisure(Stato& stato);
-void SalvaLibrettoMisure(Stato& stato);
+// The save routines return false when the file could not be written (the error report was
+// shown); a cancelled dialog is no failure.
+bool SalvaLibrettoMisure(Stato& stato);
 // The file text that ScriviLibrettoMisure writes: the rows, then the tag rows.
 QString TestoFileLibretto(const Stato& stato);
-void ScriviLibrettoMisure(Stato& stato);
-void EsportaLibrettoInFile(Stato& stato);
+bool ScriviLibrettoMisure(Stato& stato);
+bool EsportaLibrettoInFile(Stato& stato);
 void IncollaDaAppunti(Stato& stato);
 // "n / N": the selected row (1-based, 0 when none) and the number of rows.
 QString ContatoreRighe(const Stato& stato);

@@ -80,8 +80,8 @@ QPushButton* BV_EditorGen::Pulsante(int indice) const {
     return pulsanti_.value(indice);
 }
 
-void BV_EditorGen::Memorizza() {
-    MemorizzaEditor(stato_, modo_, DaEditore(testo_->toPlainText()));
+bool BV_EditorGen::Memorizza() {
+    return MemorizzaEditor(stato_, modo_, DaEditore(testo_->toPlainText()));
 }
 
 void BV_EditorGen::closeEvent(QCloseEvent* e) {
@@ -93,7 +93,11 @@ void BV_EditorGen::closeEvent(QCloseEvent* e) {
             e->ignore();
             return;
         }
-        if (r == Risposta::Si) Memorizza();
+        // A text that could not be stored stays in the editor.
+        if (r == Risposta::Si && !Memorizza()) {
+            e->ignore();
+            return;
+        }
         chiudendo_ = true;
     }
     SalvaPosizioneForm(this, stato_, kNomeForm);

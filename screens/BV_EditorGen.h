@@ -20,7 +20,7 @@ public:
     QPlainTextEdit* Testo() const { return testo_; }
     QPushButton* Pulsante(int indice) const;
     // Stores the text in the document of the mode.
-    void Memorizza();
+    bool Memorizza();
 
 protected:
     void closeEvent(QCloseEvent* e) override;

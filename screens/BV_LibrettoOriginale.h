@@ -1,6 +1,7 @@
 // The main form: the rows of the libretto, its head data and every command on them.
 #pragma once
 
+#include "annulla.h"
 #include "stato.h"
 
 #include <QMainWindow>
@@ -33,6 +34,14 @@ public:
     void Trascina(const QString& percorso);
     // The files of a drop: the first one counts. False when there is no local file.
     bool TrascinaDati(const QMimeData* dati);
+    // Ctrl+Z and Ctrl+Y (Ctrl+Maiusc+Z): one change of the document back or forward.
+    void AnnullaComando();
+    void RipetiComando();
+    // Ctrl+O: the file chosen in the dialog is handled as a file dropped on the row list.
+    void ApriComeTrascinamento();
+    // Ctrl+F moves to the find field; Enter there selects the next row that holds its text.
+    QLineEdit* CampoTrova() const { return trova_; }
+    void TrovaSuccessiva();
 
     QListWidget* Lista() const { return righe_; }
     QLabel* Contatore() const { return contatore_; }
@@ -59,8 +68,14 @@ private:
     void MostraRighe();
     void MostraDati();
     void LeggiSelezione();
-    // Runs a command on the document and shows the document again.
-    void Comando(const std::function<void()>& azione);
+    // Runs a command on the document and shows the document again. The document before it
+    // becomes a step of undo when the command changed it; descrizione names the step.
+    void Comando(const std::function<void()>& azione, const QString& descrizione = QString());
+    // The status bar says what the last command did.
+    void Avvisa(const QString& testo);
+    void CostruisciScorciatoie();
+    void Salva();
+    void Copia();
     void ApplicaCarattere();
     void DoppioClic(int riga);
     void Invio();
@@ -95,6 +110,10 @@ private:
     QListWidget* opzioni_ = nullptr;
     QMap<int, QPushButton*> pulsanti_;
     bool mostrando_ = false;
+    QLineEdit* trova_ = nullptr;
+    Annullamenti annullamenti_;
+    QString descrizione_; // the name of the step the running command makes
+    QString ultimoPasso_; // the step the last showing of the document recorded
 };
 
 } // namespace tavolet

@@ -55,7 +55,10 @@ TEST_F(Cli, TestataERigheDelLibrettoDemo) {
     e = Esegui({"libretto", "righe", Esempio()});
     EXPECT_EQ(e.codice, 0);
     EXPECT_EQ(e.out.toUtf8(), Dati("cli/righe_esempio.txt"));
-    // The question of the drop is answered with its default and shown on stderr.
+    // The question of the drop is answered with its default, shown only with --verbose.
+    EXPECT_EQ(e.err, "");
+    e = Esegui({"--verbose", "libretto", "righe", Esempio()});
+    EXPECT_EQ(e.out.toUtf8(), Dati("cli/righe_esempio.txt"));
     EXPECT_EQ(e.err, "Trascina Libretto: Sostituire il Libretto Esistente?\n");
     e = Esegui({"--no", "libretto", "righe", Esempio()});
     EXPECT_EQ(e.codice, 1);
@@ -102,4 +105,31 @@ TEST_F(Cli, UsoSbagliato) {
         EXPECT_TRUE(e.out.contains(c)) << c;
     e = Esegui({"--oggi", "31022026", "ambiente"});
     EXPECT_EQ(e.codice, 2);
+}
+
+TEST_F(Cli, SenzaRadiceNienteNellaCartellaHome) {
+    // No --radice, no Wine prefix: the run says where it looked and works without making
+    // anything in the home folder.
+    QTemporaryDir casa;
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.remove("TAVOLET_RADICE");
+    ambiente.remove("WINEPREFIX");
+    ambiente.insert("HOME", casa.path());
+    ambiente.insert("XDG_CONFIG_HOME", casa.path() + "/.config");
+    QProcess p;
+    p.setProcessEnvironment(ambiente);
+    p.start(TAVOLET_CLI, {"libretto", "righe", Esempio()});
+    ASSERT_TRUE(p.waitForFinished(60000));
+    const QString err = QString::fromUtf8(p.readAllStandardError());
+    EXPECT_EQ(p.readAllStandardOutput(), Dati("cli/righe_esempio.txt"));
+    EXPECT_TRUE(err.startsWith("Pregeo non trovato: nessuna --radice, nessun WINEPREFIX e "
+                               "nessuna cartella " +
+                               casa.path() + "/.wine; si prosegue in una cartella temporanea.\n"))
+        << err.toStdString();
+    EXPECT_FALSE(err.contains("Sostituire il Libretto")) << err.toStdString();
+    EXPECT_TRUE(QDir(casa.path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden))
+        << QDir(casa.path())
+               .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)
+               .join(' ')
+               .toStdString();
 }

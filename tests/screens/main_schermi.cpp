@@ -1,4 +1,7 @@
-// The screens need a QApplication before any widget; offscreen when no platform is set.
+// The screens need a QApplication before any widget; offscreen when no platform is set. Qt's
+// own dialogs speak Italian here as in the program.
+#include "traduzioni.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -6,6 +9,7 @@
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    tavolet::InstallaTraduzioniItaliane();
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -73,9 +74,9 @@ TEST_F(FormPrincipale, SalvaEChiusuraScrivonoIlFile) {
     ASSERT_NE(salva, nullptr);
     EXPECT_EQ(salva->toolTip(), "Salva Libretto");
     QTest::mouseClick(salva, Qt::LeftButton);
-    // The demo libretto is already in the order it is saved in; only the owners' tag rows
-    // come last, followed by the blank line the writer leaves behind them.
-    EXPECT_EQ(radice.Leggi("C:\\Libretti\\ESEMPIO.DAT"), originale + "\r\n");
+    // The demo libretto is stored as the writer writes it: saved untouched, its bytes stay.
+    EXPECT_EQ(radice.Leggi("C:\\Libretti\\ESEMPIO.DAT"), originale);
+    EXPECT_EQ(form->statusBar()->currentMessage(), "Salvato C:\\LIBRETTI\\ESEMPIO.DAT");
 
     form->findChild<QPlainTextEdit*>("TestoPossessori")->setPlainText("bianchi luca");
     form->close();

@@ -6,6 +6,7 @@
 #include "piattaforma_finta.h"
 #include "riordino.h"
 #include "supporto.h"
+#include "traduzioni.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -30,6 +31,7 @@ public:
         static char nome[] = "test_screens_riordino";
         static char* argv[] = {nome, nullptr};
         app_ = new QApplication(argc, argv);
+        InstallaTraduzioniItaliane();
     }
     void TearDown() override { delete app_; }
 
