@@ -279,7 +279,10 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
     const QStringList& lista = g.List2[indice == 1 ? 1 : 0];
     if (lista.size() < 2) return;
     ConTrappola(stato, QStringLiteral("AggiungiGrafica"), [&] {
-        // Points.
+        // Points. The two faces are shared by every record instead of one text each.
+        static const QString kCourier = QStringLiteral("Courier New");
+        static const QString kArial = QStringLiteral("Arial Narrow");
+        g.Punti.reserve(g.Punti.size() + lista.size());
         for (const QString& riga : lista) {
             if (int(Val(riga)) != 8) continue;
             const QStringList c = Split(riga, QStringLiteral("|"));
@@ -294,7 +297,7 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
                 testo = Campo(c, 5);
             }
             BV_AggiungiPuntoGraf(g, id, x, y, 0, testo, st.colore, angolo,
-                                 QString::fromLatin1(st.font), st.dimensione);
+                                 st.font[0] == 'A' ? kArial : kCourier, st.dimensione);
         }
 
         // Rings.
