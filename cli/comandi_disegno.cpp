@@ -3,6 +3,7 @@
 #include "disegno.h"
 #include "fiduciali.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace tavolet::cli {
@@ -52,12 +53,10 @@ const Registra libretto(
          for (const QString& r : rapporto) err << r << '\n';
          if (!esito.scritto) return 1;
          // The routine writes its own upper-cased name; the file goes where it was asked.
-         if (QFileInfo(PercorsoLocale(esito.percorso)) != QFileInfo(PercorsoLocale(out))) {
-             if (!ConTrappola(c.stato, QStringLiteral("GeneraLibrettoAutomatico3"), [&] {
-                     ScriviByte(out, LeggiByte(esito.percorso));
-                     EliminaFile(esito.percorso);
-                 }))
-                 return 1;
+         const QString scritto = PercorsoLocale(esito.percorso);
+         if (scritto != QFileInfo(out).absoluteFilePath()) {
+             QFile::remove(out);
+             if (!QFile::rename(scritto, out)) return 1;
          }
          return 0;
      }});
