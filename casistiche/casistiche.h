@@ -74,6 +74,8 @@ AperturaTipologia ApriTipologia(Stato& stato, const QString& codice);
 // "Conferma": the rows into the proposal text, the description to its file.
 void ConfermaTipologia(Stato& stato, const QString& codice, const QStringList& righe,
                        const QString& descrizione);
+// The confirmed rows of the case appended to the libretto, and the row list rebuilt.
+void InserisciPropostaNelLibretto(Stato& stato);
 // "Termina Contorno": a blank line closes the outline being drawn.
 void TerminaContorno(Stato& stato);
 // "Componi Proposta": the outlines drawn so far go through the CAD list.

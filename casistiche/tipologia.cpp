@@ -1,6 +1,7 @@
 // The screen Tipol10 without its window: opening, confirmation, the outlines drawn on the plot.
 #include "casistiche.h"
 
+#include "documento.h"
 #include "errore.h"
 #include "file_testo.h"
 #include "percorsi.h"
@@ -47,6 +48,13 @@ void ConfermaTipologia(Stato& stato, const QString& codice, const QStringList& r
         ScriviTesto(PercorsoDescrizioneTipologia(stato, codice), descrizione);
     });
     stato.EsitoDialogo = 1;
+}
+
+void InserisciPropostaNelLibretto(Stato& stato) {
+    if (Trim(stato.doc.TestoProposta).isEmpty()) return;
+    AggiornaLibrettoMisure(stato);
+    stato.doc.TestoLibretto += stato.doc.TestoProposta;
+    CaricaLibrettoInList1(stato);
 }
 
 void TerminaContorno(Stato& stato) {

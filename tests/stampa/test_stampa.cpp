@@ -10,9 +10,14 @@ using namespace tavolet::test;
 namespace {
 
 struct Stampa : ConPregeo {
+    void SetUp() override {
+        ConPregeo::SetUp();
+        CreaAlberoCartelle(s);
+    }
     void Libretto() {
+        radice.Scrivi("C:\\Libretti\\ROSSI.DAT", "");
         s.doc.PercorsoLibretto = "C:\\Libretti\\ROSSI.DAT";
-        s.doc.TestoPossessori = "ROSSI MARIO\r\nBIANCHI ANNA";
+        s.doc.TestoPossessori = "ROSSI MARIO\r\nBIANCHI ANNA\r\n";
         s.doc.Riga0 = "0|15032024|1234|A001|0120|257,258|ROSSI MARIO|GEOMETRA|PADOVA|";
         s.doc.Riga9 = "9|20|10|20|1070|10.00-G,STDA 2.08|18|TIPO SENZA GEOMETRIA|";
     }
@@ -41,12 +46,15 @@ TEST_F(Stampa, SegnapostiParticolari) {
     DecoZeroNove(s);
     EXPECT_EQ(RiempiModello(s, piano, {"a  ", " b"}),
               "|_sconosciuto_|a\\cf1\\line  b\\cf1\\line |ROSSI MARIO\\cf1\\line BIANCHI "
-              "ANNA|A001");
+              "ANNA\\cf1\\line |A001");
     s.doc.TestoPossessori.clear();
     EXPECT_EQ(RiempiModello(s, "[_elenco_possessori_]", {}), "[]");
-    // A value that holds a later placeholder is replaced again further on: the order counts.
-    s.doc.TestoPossessori = "_codice_comune_rilievo_";
-    EXPECT_EQ(RiempiModello(s, "_elenco_possessori_", {}), "A001");
+    // A value that holds a later placeholder is replaced again further on, one that holds an
+    // earlier one is not: the order counts.
+    s.testata.NomeArchivio = "_codice_comune_rilievo_";
+    s.doc.TestoPossessori = "_data_libretto_";
+    EXPECT_EQ(RiempiModello(s, "_nome_dos_libretto_ _elenco_possessori_", {}),
+              "A001 _data_libretto_");
 }
 
 TEST_F(Stampa, SenzaLibrettoENomeDelFile) {
@@ -125,7 +133,8 @@ TEST_F(Stampa, VisualizzatoreEInvia) {
     radice.Scrivi(s.amb.CartellaProgramma + "\\Tabulino.EXE", "MZ");
     Invia(s, "C:\\lavoro\\STAMPE", true);
     ASSERT_EQ(p.eventi.size(), 1);
-    EXPECT_TRUE(p.eventi[0].testo.contains("Tabulino.EXE"));
+    EXPECT_TRUE(p.eventi[0].titolo.contains("Tabulino.EXE")) << p.eventi[0].titolo.toStdString();
+    EXPECT_TRUE(p.eventi[0].testo.contains("C:\\lavoro\\STAMPE.CSV"));
     // Without a stem nothing is sent.
     p.eventi.clear();
     Invia(s, "", true);
@@ -173,10 +182,10 @@ TEST(StampaPdf, PaginePdfLettePdftotext) {
         righe << QStringLiteral("8|%1|-5672.583|-3732.674|SF| (perché) \\").arg(i);
     const QByteArray pdf = PdfDaRighe(righe, Carattere{"Courier New", 10, false, false}, false);
     EXPECT_TRUE(pdf.startsWith("%PDF-1.4"));
-    EXPECT_EQ(pdf.count("/Type /Page "), 2); // 64 lines a page at 10 points
+    EXPECT_EQ(pdf.count("/Type /Page "), 3); // 64 lines a page at 10 points
     const QByteArray orizzontale = PdfDaRighe(righe, Carattere{}, true);
     EXPECT_TRUE(orizzontale.contains("/MediaBox [0 0 841.89 595.28]"));
-    EXPECT_EQ(orizzontale.count("/Type /Page "), 3);
+    EXPECT_EQ(orizzontale.count("/Type /Page "), 4); // 43 lines a page
 
     QProcess q;
     q.start("pdftotext", {"-v"});
