@@ -5,7 +5,9 @@
 #include "BV_EditorGen.h"
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
+#include "FormInformazioni.h"
 #include "FormRiordinoRighe.h"
+#include "Tipol10.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "posizione.h"
@@ -167,8 +169,12 @@ void BV_LibrettoOriginale::CostruisciMenu() {
     QMenu* tipologie = barra->addMenu(QStringLiteral("Tipologie Automatizzate"));
     QMenu* casistiche = tipologie->addMenu(QStringLiteral("Casistiche"));
     casistiche->setObjectName(QStringLiteral("mnuTipologie1"));
-    NuovaVoce(casistiche, QStringLiteral("Casistica 08"));
-    NuovaVoce(casistiche, QStringLiteral("Casistica 1000"));
+    // Each case opens its screen; the rows it confirms go into the libretto.
+    for (const QString& codice : {QStringLiteral("08"), QStringLiteral("1000")})
+        NuovaVoce(casistiche, QStringLiteral("Casistica ") + codice, [this, codice] {
+            if (Tipol10::Esegui(stato_, codice, this) == 1)
+                Comando([this] { InserisciPropostaNelLibretto(stato_); });
+        });
     tipologie->addSeparator();
     NuovaVoce(tipologie, QStringLiteral("Informazioni generali - operative - garanzie"), [this] {
         stato_.piattaforma->Messaggio(
@@ -180,16 +186,9 @@ void BV_LibrettoOriginale::CostruisciMenu() {
 
     QMenu* info = barra->addMenu(QStringLiteral("&?"));
     info->setObjectName(QStringLiteral("MnenuInfo"));
-    NuovaVoce(info, QStringLiteral("Configurazione"), [this] {
-        stato_.piattaforma->Messaggio(TestoConfigurazione(stato_), QStringLiteral("Configurazione"),
-                                      Icona::Informazione);
-    });
-    NuovaVoce(info, QStringLiteral("Autore"), [this] {
-        stato_.piattaforma->Messaggio(QStringLiteral("Tavolet V 5.00 - L'Evoluzione") + CRLF +
-                                          QStringLiteral("Libretto delle misure per Pregeo") +
-                                          CRLF + QStringLiteral("Scritto dagli autori di Tavolet."),
-                                      QStringLiteral("Autore"), Icona::Informazione);
-    });
+    NuovaVoce(info, QStringLiteral("Configurazione"),
+              [this] { FormInformazioni::Esegui(stato_, this); });
+    NuovaVoce(info, QStringLiteral("Autore"), [this] { FormAutore::Esegui(stato_, this); });
     NuovaVoce(info, QStringLiteral("@ WEB"),
               [this] { stato_.piattaforma->ApriConProgramma(kIndirizzoWeb); });
 }
