@@ -1,9 +1,11 @@
 #include "BV_Dapregeo.h"
 
 #include "FormRiordinoRighe.h"
+#include "Grafica.h"
 #include "posizione.h"
 
 #include "errore.h"
+#include "grafica.h"
 #include "testo.h"
 
 #include <QFontDatabase>
@@ -67,15 +69,12 @@ BV_Dapregeo::BV_Dapregeo(Stato& stato, int flag, QWidget* parent) : QDialog(pare
     punti_ = NuovaGriglia(kColonnePunti, orizzontale);
     punti_->setObjectName(QStringLiteral("GrigliaPunti"));
     orizzontale->addWidget(punti_);
-    auto* riquadro = new QFrame(orizzontale);
-    riquadro->setFrameShape(QFrame::StyledPanel);
-    riquadro->setMinimumSize(360, 300);
-    auto* disegno = new QVBoxLayout(riquadro);
-    disegno->setContentsMargins(0, 0, 0, 0);
-    grafica_ = riquadro;
-    orizzontale->addWidget(riquadro);
-    orizzontale->setStretchFactor(0, 1);
-    orizzontale->setStretchFactor(1, 1);
+    grafica_ = new Grafica(stato_, orizzontale);
+    grafica_->setMinimumSize(360, 300);
+    orizzontale->addWidget(grafica_);
+    orizzontale->setStretchFactor(0, 2);
+    orizzontale->setStretchFactor(1, 3);
+    orizzontale->setSizes({440, 660});
     verticale->addWidget(orizzontale);
     verticale->setStretchFactor(0, 2);
     verticale->setStretchFactor(1, 3);
@@ -146,7 +145,12 @@ void BV_Dapregeo::ScegliAtto(int riga) {
 }
 
 void BV_Dapregeo::Disegna(const QString& elabSur) {
-    Q_UNUSED(elabSur);
+    grafica_->BV_Clear();
+    if (!elabSur.isEmpty()) {
+        grafica_->BV_Elaborazione_SUR(elabSur);
+        grafica_->BV_ZoomTutto();
+    }
+    grafica_->BV_RidisegnaGrafica();
 }
 
 void BV_Dapregeo::LibrettoPerCoordinate() {
@@ -156,6 +160,16 @@ void BV_Dapregeo::LibrettoPerCoordinate() {
     accept();
 }
 
-void BV_Dapregeo::GeneraDxf() {}
+void BV_Dapregeo::GeneraDxf() {
+    // The plot's writer, into the working folder.
+    const QString percorso = stato_.amb.CartellaLavoro + QStringLiteral("\\GraficaPF.DXF");
+    if (!BV_SalvaDXF(stato_, grafica_->Modello(), percorso)) return;
+    Piattaforma& p = *stato_.piattaforma;
+    p.Messaggio(QStringLiteral("Salvato il file ") + CRLF + percorso,
+                QStringLiteral("Salva in DXF"), Icona::Informazione);
+    if (p.Domanda(QStringLiteral("Aprire il file DXF ?"), QStringLiteral("Apertura file DXF "),
+                  Pulsanti::SiNo, Risposta::No) == Risposta::Si)
+        p.ApriConProgramma(percorso);
+}
 
 } // namespace tavolet

@@ -12,6 +12,8 @@ class QTableWidget;
 
 namespace tavolet {
 
+class Grafica;
+
 class BV_Dapregeo : public QDialog {
     Q_OBJECT
 public:
@@ -24,7 +26,7 @@ public:
     const DaPregeo& Dati() const { return dp_; }
     QTableWidget* GrigliaAtti() const { return atti_; }
     QTableWidget* GrigliaPunti() const { return punti_; }
-    QWidget* Grafica() const { return grafica_; }
+    Grafica* Disegno() const { return grafica_; }
     QPushButton* Pulsante(const QString& caption) const;
     // A click on a row of the acts.
     void ScegliAtto(int riga);
@@ -45,7 +47,7 @@ private:
     bool caricato_ = false;
     QTableWidget* atti_ = nullptr;
     QTableWidget* punti_ = nullptr;
-    QWidget* grafica_ = nullptr;
+    Grafica* grafica_ = nullptr;
 };
 
 } // namespace tavolet
