@@ -8,6 +8,7 @@
 #include "FormInformazioni.h"
 #include "FormRiordinoRighe.h"
 #include "Tipol10.h"
+#include "fiduciali.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "posizione.h"
@@ -663,8 +664,19 @@ void BV_LibrettoOriginale::AssegnaDescrizione() {
     ApriAssegnaDescrizione(stato_, this);
     MostraDocumento();
 }
-void BV_LibrettoOriginale::DistanzePF(const QString&) {}
-void BV_LibrettoOriginale::InfoMisuratePF() {}
+void BV_LibrettoOriginale::DistanzePF(const QString& riga) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    MisurateDa1PF(stato_, Split(riga, QStringLiteral("|")).value(1));
+    QApplication::restoreOverrideCursor();
+}
+
+void BV_LibrettoOriginale::InfoMisuratePF() {
+    LeggiSelezione();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    CalcolaMisuratePF_DaLibretto(stato_, stato_.doc.RigheLibretto.Righe());
+    QApplication::restoreOverrideCursor();
+    MostraDocumento();
+}
 // Of the tags of the utility panel only CONFIGURA_PREGEO acts, on Pregeo's settings screen.
 void BV_LibrettoOriginale::ComandoUtilita(const QString& tag) {
     if (UCase(tag) != u"CONFIGURA_PREGEO") return;
