@@ -90,14 +90,14 @@ TEST_F(CliCensuario, NuovaCostruzioneVariazioneFusione) {
         Esegui({"censuario", "nuovacostruzione", "A001_00012_35.MAP", "--identificativo", "AAC"});
     EXPECT_EQ(e.codice, 0) << e.err.toStdString();
     EXPECT_EQ(e.out, Uscita("nuova_costruzione.txt"));
-    e = Esegui({"censuario", "variazione", "--sr", "A001_00012_36.MAP"});
+    e = Esegui({"censuario", "variazione", "A001_00012_36.MAP", "--sr"});
     EXPECT_EQ(e.out, Uscita("variazione.txt"));
     e = Esegui({"censuario", "fusione", "--tipo", "TM", "A001_00012_35.MAP", "A001_00012_36.MAP",
                 "A001_00012_37.MAP"});
     EXPECT_EQ(e.out, Uscita("fusione_tm.txt"));
     e = Esegui({"censuario", "fusione", "--tipo", "AUSILIARIO", "--mantieni", "A001_00012_35.MAP",
                 "A001_00012_36.MAP", "A001_00012_37.MAP"});
-    EXPECT_TRUE(e.out.startsWith(Uscita("fusione_ausiliario.txt").left(70 + 1 + 12)));
+    EXPECT_TRUE(e.out.startsWith(Uscita("fusione_ausiliario.txt").left(70 + 1 + 8)));
     EXPECT_EQ(Esegui({"censuario", "fusione", "--tipo", "XX", "A001_00012_35.MAP"}).codice, 2);
     // A parcel file of one field gives rows all the same, never a crash.
     Scrivi("A001_00012_9.MAP", "6\r\n");
