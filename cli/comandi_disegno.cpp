@@ -67,12 +67,8 @@ const Registra misurate({{"misurate", "disegno"},
                          1,
                          [](Contesto& c) {
                              PreparaAmbiente(c.stato);
-                             const Disegno d =
-                                 CaricaGrafica(c.stato, PercorsoArgomento(c.argomenti[0]));
-                             QList<PuntoPF> punti;
-                             for (const PuntoDisegno& p : d.PuntiDisegno)
-                                 punti.append({p.nome, p.X, p.Y});
-                             for (const QString& r : CalcolaMisuratePF(c.stato, punti))
+                             for (const QString& r : CalcolaMisuratePFDelDisegno(
+                                      c.stato, PercorsoArgomento(c.argomenti[0])))
                                  c.out << r << '\n';
                              return 0;
                          }});

@@ -1,6 +1,7 @@
 #include "lxc.h"
 
 #include "libretto.h"
+#include "misurate.h"
 
 namespace tavolet {
 
@@ -49,6 +50,13 @@ Disegno CaricaGrafica(Stato& stato, const QString& percorso) {
         d = LeggiLxc(LeggiTesto(nome));
     });
     return d;
+}
+
+QStringList CalcolaMisuratePFDelDisegno(Stato& stato, const QString& percorso) {
+    const Disegno d = CaricaGrafica(stato, percorso);
+    QList<PuntoPF> punti;
+    for (const PuntoDisegno& p : d.PuntiDisegno) punti.append({p.nome, p.X, p.Y});
+    return CalcolaMisuratePF(stato, punti);
 }
 
 void Disegno::Indicizza() {

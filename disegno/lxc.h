@@ -46,6 +46,9 @@ Disegno LeggiLxc(const QString& testo);
 Disegno CaricaGrafica(Stato& stato, const QString& percorso);
 QString NomeFileLxc(const QString& percorso);
 
+// The report of measured distances for the fiducials of the drawing of the current file.
+QStringList CalcolaMisuratePFDelDisegno(Stato& stato, const QString& percorso);
+
 // The first point with exactly that name, or -1.
 int TrovaPuntoDisegno(const Disegno& d, const QString& nome);
 

@@ -3,6 +3,9 @@
 #include "BV_Dapregeo.h"
 #include "FormConfiguraPregeo.h"
 
+#include "disegno.h"
+#include "fiduciali.h"
+
 #include "pdf_tag.h"
 #include "stato.h"
 #include "testo.h"
@@ -19,17 +22,18 @@ void EseguiComando(Stato& stato, const QString& parola, const QString& parametro
         BV_Dapregeo::Esegui(stato, 0, parent);
     } else if (p == u"DA_PREGEO_DXF") {
         BV_Dapregeo::Esegui(stato, 1, parent);
+    } else if (p == u"MISURATE_DA1_PF") {
+        MisurateDa1PF(stato, parametro);
+    } else if (p == u"INFO_MISURATE") {
+        CalcolaMisuratePFDelDisegno(stato, stato.doc.PercorsoLibretto);
     }
     // ---- Words whose screens come with the drawing and fiducial parts of the program. ----
     // LIBRETTO_DA_DISEGNO: the .LXC's libretto (".LXC" read as ".TXT"), the head dialog, then
     //                      LibrettoDaDisegno and the main form.
     // SELEZIONA_MISURATE:  BV_SelezionaMisurate as a dialog.
-    // MISURATE_DA1_PF:     MisurateDa1PF with the parameter.
-    // INFO_MISURATE:       CalcolaMisuratePF.
     // Until their screens are wired here they do what any unknown word does: nothing, as
     // IMPORT-INST_TAF-MISURATE and Unarvo2, which are meant for the sibling program.
     // ---------------------------------------------------------------------------------------
-    Q_UNUSED(parametro);
 }
 
 void InstallaComandi(Stato& stato, QWidget* parent) {
