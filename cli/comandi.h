@@ -36,5 +36,11 @@ void PreparaAmbiente(Stato& stato);
 bool CaricaComeTrascinamento(Stato& stato, const QString& percorso);
 // A path given on the command line, made absolute.
 QString PercorsoArgomento(const QString& argomento);
+// An input file of a command: false, after the "not found" message, when it is missing, a
+// folder, unreadable, or empty where that is not allowed. Every argument that a command's usage
+// names IN, FILE, PERCORSO or FILE... is checked so before the command runs.
+bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento, bool vuotoAmmesso);
+bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
+                       Piattaforma& piattaforma);
 
 } // namespace tavolet::cli

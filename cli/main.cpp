@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QSettings>
@@ -58,6 +59,44 @@ bool CaricaComeTrascinamento(Stato& stato, const QString& percorso) {
 QString PercorsoArgomento(const QString& argomento) {
     if (QDir::isAbsolutePath(argomento) || argomento.contains(u'\\')) return argomento;
     return QFileInfo(argomento).absoluteFilePath();
+}
+
+bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento, bool vuotoAmmesso) {
+    const QString percorso = PercorsoArgomento(argomento);
+    const QFileInfo info(PercorsoLocale(percorso));
+    QFile file(info.filePath());
+    if (info.isFile() && file.open(QIODevice::ReadOnly) && (vuotoAmmesso || info.size() > 0))
+        return true;
+    piattaforma.Messaggio(percorso + CRLF + QStringLiteral("NON trovato!"),
+                          QStringLiteral("Tavolet"), Icona::Avviso);
+    return false;
+}
+
+bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
+                       Piattaforma& piattaforma) {
+    const QStringList parole = comando.uso.split(u' ', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < parole.size() && i < argomenti.size(); ++i) {
+        const QString& parola = parole[i];
+        // Positions hold up to the first option.
+        if (parola.startsWith(u'[') || parola.startsWith(u'-')) break;
+        if (parola.endsWith(QStringLiteral("..."))) {
+            if (parola != u"FILE..." && !parola.contains(u'.')) break;
+            // Members of an archive may be empty; an option and its value are not files.
+            for (qsizetype j = i; j < argomenti.size(); ++j) {
+                if (argomenti[j].startsWith(QStringLiteral("--"))) {
+                    ++j;
+                    continue;
+                }
+                if (!FileDiIngresso(piattaforma, argomenti[j], parola == u"FILE...")) return false;
+            }
+            break;
+        }
+        static const QStringList ingressi = {"IN", "FILE", "PERCORSO", "LIBRETTO"};
+        const bool ingresso = ingressi.contains(parola) ||
+                              (parola.contains(u'.') && !parola.startsWith(QStringLiteral("OUT")));
+        if (ingresso && !FileDiIngresso(piattaforma, argomenti[i], false)) return false;
+    }
+    return true;
 }
 
 } // namespace tavolet::cli
@@ -167,6 +206,8 @@ int main(int argc, char** argv) {
             err.flush();
         }
     };
+    // An input that is missing, a folder or unreadable stops the command before it writes.
+    if (!IngressiLeggibili(*scelto, resto, piattaforma)) return 1;
     Stato stato(piattaforma);
     Contesto ctx{stato, piattaforma, resto, out};
     int esito = scelto->esegui(ctx);

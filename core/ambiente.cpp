@@ -316,6 +316,7 @@ bool AvvioProgramma(Stato& stato, const QString& rigaComando) {
     }
     KillPregeo(stato);
     DecoZeroNove(stato);
+    CaricaFileTecnico(stato, stato.testata.Tecnico);
     CaricaLibrettoInList1(stato);
     CaricaPossessori(stato);
     return true;

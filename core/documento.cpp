@@ -8,6 +8,8 @@
 #include "testata.h"
 #include "testo.h"
 
+#include <QDir>
+
 namespace tavolet {
 
 namespace {
@@ -17,6 +19,35 @@ QString RiduciCrLf(QString testo, int passate) {
     const QString doppio = CRLF + CRLF;
     for (int i = 0; i < passate; ++i) testo.replace(doppio, CRLF);
     return testo;
+}
+
+// Before a libretto is written over, the bytes it replaces go to CartellaLavoro\STORICO\ as
+// <name>~<date-time>, the last ten of each name kept: a save over the wrong file can always be
+// undone by hand. Keeping the copy must not stop the save, so its failures are not reported.
+void ScriviConStorico(Stato& stato, const QString& percorso, const QString& testo) {
+    try {
+        const QByteArray vecchi = EsisteFile(percorso) ? LeggiByte(percorso) : QByteArray();
+        if (!stato.amb.CartellaLavoro.isEmpty() && !vecchi.isEmpty() &&
+            vecchi != AWindows1252(testo)) {
+            const QString cartella = stato.amb.CartellaLavoro + QStringLiteral("\\STORICO");
+            CreaCartella(cartella);
+            const QString nome = NomeDelFile(percorso) + u'~';
+            const QString base =
+                cartella + u'\\' + nome +
+                stato.piattaforma->Adesso().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+            QString copia = base;
+            for (int n = 1; EsisteFile(copia); ++n)
+                copia = base + QStringLiteral("-%1").arg(n, 3, 10, QChar(u'0'));
+            ScriviByte(copia, vecchi);
+            QStringList versioni;
+            for (const QString& f : QDir(PercorsoLocale(cartella)).entryList(QDir::Files))
+                if (f.startsWith(nome, Qt::CaseInsensitive)) versioni.append(f);
+            versioni.sort(Qt::CaseInsensitive);
+            while (versioni.size() > 10) EliminaFile(cartella + u'\\' + versioni.takeFirst());
+        }
+    } catch (const std::exception&) {
+    }
+    ScriviTesto(percorso, testo);
 }
 
 // Line by line, each line followed by CRLF. A failure reports under the reader's own tag.
@@ -121,8 +152,9 @@ QString TestoFileLibretto(const Stato& stato) {
 }
 
 bool ScriviLibrettoMisure(Stato& stato) {
-    return ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"),
-                       [&] { ScriviTesto(stato.doc.PercorsoLibretto, TestoFileLibretto(stato)); });
+    return ConTrappola(stato, QStringLiteral("SalvaLibrettoMisure"), [&] {
+        ScriviConStorico(stato, stato.doc.PercorsoLibretto, TestoFileLibretto(stato));
+    });
 }
 
 bool SalvaLibrettoMisure(Stato& stato) {

@@ -1,0 +1,114 @@
+// tavolet-cli's commands of the head dialog and of the archives, and the check of its inputs.
+#include "supporto.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Esito {
+    int codice = -1;
+    QString out, err;
+};
+
+struct CliConfigurazione : ::testing::Test {
+    QTemporaryDir radice;
+    void SetUp() override { CopiaDemo(radice.path()); }
+    Esito Esegui(QStringList argomenti) {
+        argomenti = QStringList{"--radice", radice.path(), "--oggi", "21112026"} + argomenti;
+        QProcess p;
+        p.start(TAVOLET_CLI, argomenti);
+        p.waitForFinished(60000);
+        return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
+                QString::fromUtf8(p.readAllStandardError())};
+    }
+    QString Locale(const QString& relativo) const { return radice.path() + "/" + relativo; }
+    QByteArray Leggi(const QString& relativo) const {
+        QFile f(Locale(relativo));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    void Scrivi(const QString& relativo, const QByteArray& byte) const {
+        QFile f(Locale(relativo));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(byte);
+    }
+};
+
+} // namespace
+
+TEST_F(CliConfigurazione, CampiEConferma) {
+    Esito e = Esegui({"configura", "campi", "C:\\Libretti\\ESEMPIO.DAT"});
+    ASSERT_EQ(e.codice, 0) << e.err.toStdString();
+    EXPECT_EQ(e.out.toUtf8(), Dati("configurazione/campi_esempio.txt"));
+
+    e = Esegui({"configura", "conferma", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT",
+                "--campo", "4=12,3,12", "--campo", "3=12a", "--campo", "15=DEROGA", "--campo",
+                "17=RSSMRA80A01G224W", "--check1", "0", "--check2", "1"});
+    ASSERT_EQ(e.codice, 0) << e.err.toStdString();
+    EXPECT_EQ(Leggi("drive_c/Libretti/OUT.DAT"), Dati("configurazione/conferma_esempio.dat"));
+    // PREGEO.INI untouched with --check1 0.
+    EXPECT_EQ(Leggi("drive_c/windows/PREGEO.INI"), [] {
+        QFile f(qEnvironmentVariable("TAVOLET_DEMO") + "/drive_c/windows/PREGEO.INI");
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }());
+
+    e = Esegui({"configura", "conferma", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT",
+                "--campo", "25=X"});
+    EXPECT_EQ(e.codice, 2);
+}
+
+TEST_F(CliConfigurazione, CodiceFiscaleEComuni) {
+    Esito e = Esegui({"codicefiscale", "RSSMRA80A01G224W", "rssmra80a01g224w", "RSSMRA80A01G224",
+                      "BNCLCU70A01G224X"});
+    EXPECT_EQ(e.codice, 0);
+    EXPECT_EQ(e.out, "RSSMRA80A01G224W CORRETTO\nrssmra80a01g224w CORRETTO\n"
+                     "RSSMRA80A01G224 ERRATO\nBNCLCU70A01G224X ERRATO\n");
+    e = Esegui({"codicefiscale", "RSSMRA80A01G2#4W"});
+    EXPECT_EQ(e.codice, 1);
+    EXPECT_EQ(e.out, "RSSMRA80A01G2#4W ERRATO\n");
+    EXPECT_TRUE(e.err.contains("VerificaCodiceFiscale"));
+
+    e = Esegui({"comuni", "cerca", "pad"});
+    ASSERT_EQ(e.codice, 0) << e.err.toStdString();
+    EXPECT_EQ(e.out.toUtf8(), Dati("configurazione/comuni_pad.txt"));
+    e = Esegui({"comuni", "cerca", "|G693", "--generale"});
+    const QStringList righe = e.out.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(righe.size(), 2);
+    EXPECT_EQ(righe[0], "Nome Comune                            C.Cat C.Fis Prov.");
+    EXPECT_TRUE(righe[1].contains("|G693 |"));
+}
+
+TEST_F(CliConfigurazione, IngressoMancanteNonScriveNulla) {
+    Scrivi("drive_c/Libretti/OUT.DAT", "PRIMA\r\n");
+    Scrivi("drive_c/Libretti/VUOTO.DAT", "");
+    QDir().mkpath(Locale("drive_c/Libretti/CARTELLA.DAT"));
+    const QList<QStringList> comandi = {
+        {"libretto", "salva", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
+        {"libretto", "riordina", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
+        {"libretto", "salva", "C:\\Libretti\\CARTELLA.DAT", "C:\\Libretti\\OUT.DAT"},
+        {"libretto", "riordina", "C:\\Libretti\\VUOTO.DAT", "C:\\Libretti\\OUT.DAT"},
+        {"configura", "conferma", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
+        {"estratto", "riscrivi", "C:\\Libretti\\MANCANTE.EMP", "C:\\Libretti\\OUT.DAT"},
+        {"zip", "C:\\Libretti\\OUT.DAT", "C:\\Libretti\\MANCANTE.DAT"}};
+    for (const QStringList& c : comandi) {
+        const Esito e = Esegui(c);
+        EXPECT_EQ(e.codice, 1) << c.join(' ').toStdString();
+        EXPECT_TRUE(e.err.contains("\nNON trovato!")) << e.err.toStdString();
+        EXPECT_EQ(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n") << c.join(' ').toStdString();
+    }
+    const Esito e = Esegui(comandi[0]);
+    EXPECT_EQ(e.err, "Tavolet: C:\\Libretti\\MANCANTE.DAT\nNON trovato!\n");
+    // A good input still goes through, and an empty member of an archive is allowed.
+    EXPECT_EQ(
+        Esegui({"libretto", "salva", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT"}).codice,
+        0);
+    EXPECT_NE(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n");
+    EXPECT_EQ(Esegui({"zip", Locale("A.ZIP"), "C:\\Libretti\\VUOTO.DAT"}).codice, 0);
+}
