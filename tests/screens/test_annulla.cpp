@@ -153,7 +153,7 @@ TEST_F(AnnullaForm, CtrlZDopoRiordinoEDopoTrascinamento) {
     // The drop is a step too: its libretto and its file name go back together.
     Tasto(Qt::Key_Z);
     EXPECT_EQ(Righe(), esempio);
-    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Libretti\\ESEMPIO.DAT");
+    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\ESEMPIO.DAT");
     EXPECT_EQ(s.doc.NomeEstratto, "G693_0012.EMP");
     // The head comes back with rows 0 and 9: the title as before.
     EXPECT_EQ(s.testata.CodiceComuneLibretto, "G693");

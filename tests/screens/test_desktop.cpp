@@ -105,8 +105,7 @@ TEST(TraduzioniItaliane, DialoghiDiFileEDiCarattere) {
     file.setAcceptMode(QFileDialog::AcceptSave);
     file.show();
     const QStringList testiFile = TestiDi(&file);
-    EXPECT_TRUE(testiFile.contains("&Nome del file:"))
-        << testiFile.join(" | ").toStdString();
+    EXPECT_TRUE(testiFile.contains("&Nome del file:")) << testiFile.join(" | ").toStdString();
     EXPECT_TRUE(testiFile.contains("&Salva") || testiFile.contains("Salva"))
         << testiFile.join(" | ").toStdString();
     EXPECT_TRUE(testiFile.contains("Annulla")) << testiFile.join(" | ").toStdString();
