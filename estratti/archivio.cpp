@@ -21,12 +21,6 @@ namespace {
 
 const QString kTestaAutoallestito = QStringLiteral("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
 
-QString SenzaEstensione(const QString& percorso) {
-    const qsizetype punto = percorso.lastIndexOf(u'.');
-    const qsizetype barra = std::max(percorso.lastIndexOf(u'\\'), percorso.lastIndexOf(u'/'));
-    return punto > barra ? percorso.left(punto) : percorso;
-}
-
 QString Estensione(const QString& percorso) {
     return percorso.mid(SenzaEstensione(percorso).size());
 }

@@ -284,9 +284,7 @@ namespace {
 QString ConEstensione(const QString& percorso, const QString& estensione) {
     const QString p = UCase(percorso);
     if (p.contains(QStringLiteral(".CXF"))) return Replace(p, QStringLiteral(".CXF"), estensione);
-    const qsizetype punto = p.lastIndexOf(u'.');
-    const qsizetype barra = std::max(p.lastIndexOf(u'\\'), p.lastIndexOf(u'/'));
-    return (punto > barra ? p.left(punto) : p) + estensione;
+    return SenzaEstensione(p) + estensione;
 }
 
 } // namespace
@@ -322,11 +320,8 @@ QString EstrattoDaCxf(Stato& stato, const QString& percorsoCxf, QString percorso
     if (percorsoEmp.isEmpty()) percorsoEmp = PercorsoEmpDaCxf(percorsoCxf);
     if (!ConTrappola(stato, QStringLiteral("dacxfadxf3"), [&] {
             ScriviTesto(percorsoEmp, r.emp);
-            const qsizetype punto = percorsoEmp.lastIndexOf(u'.');
-            const qsizetype barra =
-                std::max(percorsoEmp.lastIndexOf(u'\\'), percorsoEmp.lastIndexOf(u'/'));
-            const QString base = punto > barra ? percorsoEmp.left(punto) : percorsoEmp;
-            ScriviTesto(base + QStringLiteral(".PNG"), QStringLiteral("filevuoto") + CRLF);
+            ScriviTesto(SenzaEstensione(percorsoEmp) + QStringLiteral(".PNG"),
+                        QStringLiteral("filevuoto") + CRLF);
         }))
         return {};
     stato.piattaforma->Messaggio(QStringLiteral("Creato!") + CRLF + percorsoEmp, kTitolo,

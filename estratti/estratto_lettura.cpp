@@ -171,19 +171,11 @@ void EstMedio(Estratto& e) {
     e.EstrattoEstMedio = Formato((minimo + massimo) / 2, QStringLiteral("###########0"));
 }
 
-// The kind of a row is Val of it; a row that begins with a digit and a bar has that digit, and
-// nearly all rows do, so the full read is kept for the others.
-double Tipo(const QString& riga) {
-    if (riga.size() >= 2 && riga[1] == u'|' && riga[0] >= u'0' && riga[0] <= u'9')
-        return riga[0].unicode() - u'0';
-    return Val(riga);
-}
-
 void Leggi(Stato& stato, Estratto& e, const QStringList& righe) {
     if (!righe.isEmpty()) e.ZERO.append(righe[0]);
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString& riga = righe[i];
-        const double tipo = Tipo(riga);
+        const double tipo = TipoRigaEstratto(riga);
         if (tipo == 8) {
             InstradaOtto(e, riga);
         } else if (tipo == 7) {

@@ -3,10 +3,13 @@
 
 #include "errore.h"
 #include "estratto.h"
+#include "testo.h"
 
 #include <QHash>
 #include <QString>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace tavolet::estratti {
 
@@ -33,6 +36,21 @@ QString ConCampoUno(const QString& riga, const QString& nuovo);
 // Field n-k of a row whose last field (behind its last bar) is n: [inizio, fine). Error 9
 // when the row has fewer than k bars.
 void CampoDaFondo(const QString& riga, int k, qsizetype& inizio, qsizetype& fine);
+
+// The path without its extension (the text after the last point of the last component).
+inline QString SenzaEstensione(const QString& percorso) {
+    const qsizetype punto = percorso.lastIndexOf(u'.');
+    const qsizetype barra = std::max(percorso.lastIndexOf(u'\\'), percorso.lastIndexOf(u'/'));
+    return punto > barra ? percorso.left(punto) : percorso;
+}
+
+// The kind of a row is Val of it; a row that begins with a digit and a bar has that digit, and
+// nearly all rows do, so the full read is kept for the others.
+inline double TipoRigaEstratto(const QString& riga) {
+    if (riga.size() >= 2 && riga[1] == u'|' && riga[0] >= u'0' && riga[0] <= u'9')
+        return riga[0].unicode() - u'0';
+    return Val(riga);
+}
 
 // The order of the form's sorted lists: text without regard to case.
 inline bool MinoreInLista(const QString& a, const QString& b) {

@@ -25,12 +25,6 @@ namespace {
 
 const QString kTestaAutoallestito = QStringLiteral("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
 
-double Tipo(const QString& riga) {
-    if (riga.size() >= 2 && riga[1] == u'|' && riga[0] >= u'0' && riga[0] <= u'9')
-        return riga[0].unicode() - u'0';
-    return Val(riga);
-}
-
 bool Escluso(const QString& riga) {
     return riga.contains(u'T') || riga.contains(u'L') || riga.contains(u'P');
 }
@@ -65,7 +59,7 @@ Letto Leggi(const QString& testo) {
     const QStringList righe = RigheDiTesto(testo);
     for (qsizetype i = 1; i < righe.size(); ++i) {
         const QString& riga = righe[i];
-        const double tipo = Tipo(riga);
+        const double tipo = TipoRigaEstratto(riga);
         if (tipo == 8 && riga.contains(u'%')) {
             qsizetype inizio, fine;
             CampoUno(riga, inizio, fine);
@@ -185,12 +179,6 @@ void Fondi(Unione& u, QList<Unione::Punto>& da, const QList<Unione::Punto>& in, 
         a.vuoto = true;
         u.sostituzioni.append({a.id, in[j].id});
     }
-}
-
-QString SenzaEstensione(const QString& percorso) {
-    const qsizetype punto = percorso.lastIndexOf(u'.');
-    const qsizetype barra = std::max(percorso.lastIndexOf(u'\\'), percorso.lastIndexOf(u'/'));
-    return punto > barra ? percorso.left(punto) : percorso;
 }
 
 // Field 3 of the first line of an extract, empty when it has none.
