@@ -1,0 +1,186 @@
+// The archive of extracts, clicked by caption on the offscreen platform.
+#include "BV_EstrattiDiMappa1.h"
+#include "BV_SommaEstratti.h"
+#include "CompletaAutoallestito.h"
+#include "Grafica.h"
+#include "archivio.h"
+#include "libretto.h"
+#include "piattaforma_finta.h"
+#include "supporto.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+class AmbienteQt : public ::testing::Environment {
+public:
+    void SetUp() override {
+        static int argc = 1;
+        static char nome[] = "test_screens_estratti";
+        static char* argv[] = {nome, nullptr};
+        app_ = new QApplication(argc, argv);
+    }
+    void TearDown() override { delete app_; }
+
+private:
+    QApplication* app_ = nullptr;
+};
+
+[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
+
+QPushButton* Pulsante(QWidget* w, const QString& caption) {
+    for (QPushButton* b : w->findChildren<QPushButton*>())
+        if (b->text() == caption) return b;
+    return nullptr;
+}
+
+QStringList Voci(const QListWidget* l) {
+    QStringList r;
+    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
+    return r;
+}
+
+void Clic(QWidget* w, const QString& caption) {
+    QPushButton* b = Pulsante(w, caption);
+    ASSERT_NE(b, nullptr) << caption.toStdString();
+    QTest::mouseClick(b, Qt::LeftButton);
+}
+
+void Seleziona(BV_EstrattiDiMappa1& f, const QString& nome) {
+    const auto voci = f.Lista()->findItems(nome, Qt::MatchFixedString);
+    ASSERT_FALSE(voci.isEmpty()) << nome.toStdString();
+    f.Lista()->setCurrentItem(voci.first());
+}
+
+const QString kCartella = "C:\\pregeo\\estratti\\";
+
+} // namespace
+
+struct SchermoEstratti : ConPregeo {};
+
+TEST_F(SchermoEstratti, EsempiTestaComandiEPng) {
+    p.adesso = QDateTime(QDate(2024, 5, 15), QTime(12, 0));
+    s.doc.NomeEstratto = "F120.EMP";
+    {
+        // An empty folder gets the two sample extracts.
+        BV_EstrattiDiMappa1 f(s);
+        EXPECT_EQ(Voci(f.Lista()), (QStringList{"ESTRATTO.emp", "ESTRATTO1.emp"}));
+        EXPECT_EQ(f.windowTitle(), "Gestione Estratti di Mappa - Estratto Associato = F120.EMP");
+    }
+    radice.Scrivi(kCartella + "F120.EMP", Dati("estratti/realistico.EMP"));
+    radice.Scrivi(kCartella + "F120.PNG", Dati("estratti/realistico.PNG"));
+    CreaCartella(s.amb.CartellaLavoro + "\\TEMP");
+    ScriviTesto(s.amb.CartellaLavoro + "\\TEMP\\TavoAnte1.png", "x");
+    BV_EstrattiDiMappa1 f(s);
+    f.resize(1100, 700);
+    Seleziona(f, "F120.EMP");
+    EXPECT_EQ(f.Campo("comune")->text().left(4), "A001");
+    EXPECT_EQ(f.Campo("foglio")->text(), "00120");
+    EXPECT_EQ(f.Campo("data")->text(), "Rilasciato il 15-03-2024");
+    EXPECT_EQ(f.Campo("validita")->text(), "L'Estratto scade tra    -4 mesi");
+    EXPECT_TRUE(f.Campo("est")->text().startsWith("Est Med. "));
+    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join("\n").toStdString();
+    f.show();
+    QTest::qWait(50);
+    EXPECT_TRUE(f.grab().save("/tmp/estratti_archivio.png"));
+
+    // Guards of the commands, then a duplicate with its questions.
+    f.Lista()->setCurrentRow(-1);
+    Clic(&f, "Duplica Estratto");
+    EXPECT_EQ(p.eventi.last().testo, "Selezionare un estratto!");
+    Seleziona(f, "F120.EMP");
+    Clic(&f, "Duplica Estratto");
+    EXPECT_EQ(p.eventi.last().testo, "Nuovo nome Estratto!");
+    f.nuovoNome->setText("COPIA");
+    p.risposte = {Risposta::Si};
+    Clic(&f, "Duplica Estratto");
+    EXPECT_EQ(p.eventi.last().titolo, "Duplica Estratto");
+    EXPECT_EQ(radice.Leggi(kCartella + "COPIA.EMP"), Dati("estratti/realistico.EMP"));
+    EXPECT_EQ(f.Selezionato(), "COPIA.EMP");
+
+    // Filters.
+    for (QRadioButton* r : f.findChildren<QRadioButton*>())
+        if (r->text() == "PNG") r->setChecked(true);
+    EXPECT_EQ(Voci(f.Lista()), (QStringList{"COPIA.PNG", "F120.PNG"}));
+    for (QRadioButton* r : f.findChildren<QRadioButton*>())
+        if (r->text() == "SMP") r->setChecked(true);
+    EXPECT_TRUE(Voci(f.Lista()).contains("F120.SMP"));
+    for (QRadioButton* r : f.findChildren<QRadioButton*>())
+        if (r->text() == "EMP") r->setChecked(true);
+
+    // A parcel renamed in the rings, then removed; the copy deleted.
+    Seleziona(f, "COPIA.EMP");
+    f.particella->setText("257");
+    f.particellaNuova->setText("300");
+    p.risposte = {Risposta::Si};
+    Clic(&f, "Rinomina Particella");
+    EXPECT_EQ(p.eventi.last().testo, "Rinominare la Particella 257 in 300 ?");
+    EXPECT_TRUE(radice.Leggi(kCartella + "COPIA.EMP").contains("|NC|300|300|"));
+    p.risposte = {Risposta::Si};
+    Clic(&f, "Elimina Estratto");
+    EXPECT_EQ(p.eventi.last().testo, "Eliminare Estratto : \r\n\r\nCOPIA.* ?? ");
+    EXPECT_FALSE(Voci(f.Lista()).contains("COPIA.EMP"));
+
+    Seleziona(f, "F120.EMP");
+    Clic(&f, "Associa Estratto");
+    EXPECT_EQ(s.doc.NomeEstratto, "F120.EMP");
+    Clic(&f, "Verifica Estratti");
+
+    f.close();
+    EXPECT_FALSE(EsisteFile(s.amb.CartellaLavoro + "\\TEMP\\TavoAnte1.png"));
+}
+
+TEST_F(SchermoEstratti, SommaEAutoallestito) {
+    radice.Scrivi(kCartella + "A.EMP",
+                  "0|15032024|P|A001|00120|1|PD|0|0|0|\r\n8|1%|0|0|\r\n"
+                  "8|2%|0|10|\r\n8|3%|10|10|\r\n7|4|1%|2%|3%|1%|NC|1|1|50|\r\n");
+    radice.Scrivi(kCartella + "A.PNG", "png");
+    radice.Scrivi(kCartella + "B.EMP",
+                  "0|15032024|P|A001|00121|1|PD|0|0|0|\r\n8|1%|10|10|\r\n"
+                  "8|2%|20|10|\r\n8|3%|20|20|\r\n7|4|1%|2%|3%|1%|NC|2|2|50|\r\n");
+    {
+        BV_SommaEstratti f(s, "A.EMP");
+        f.resize(900, 600);
+        Clic(&f, "Conferma");
+        EXPECT_EQ(p.eventi.last().testo, "Selezionare l'Estratto da Aggiungere");
+        f.Lista()->setCurrentRow(1); // B.EMP
+        Clic(&f, "Conferma");
+        EXPECT_EQ(p.eventi.last().testo, "Inserire il Nome dell'Estratto Risultante");
+        f.show();
+        QTest::qWait(50);
+        EXPECT_TRUE(f.grab().save("/tmp/estratti_somma.png"));
+        f.Nome()->setText("AB");
+        Clic(&f, "Conferma");
+        EXPECT_EQ(f.Risultato(), "AB.emp");
+        EXPECT_EQ(radice.Leggi(kCartella + "AB.PNG"), "png");
+        EXPECT_EQ(LeggiTesto(kCartella + "AB.emp").count("\r\n8|"), 5);
+    }
+    // The self-made result completed by hand; job type 22 forces FABB PROMIS.
+    CompletaAutoallestito c(s, "AB.emp", "22");
+    EXPECT_EQ(c.windowTitle(), "Completa Autoallestito - AB.emp");
+    ASSERT_EQ(c.Lista()->count(), 2);
+    Clic(&c, "ENTE URBANO");
+    EXPECT_EQ(p.eventi.last().testo, "Selezionare una particella!");
+    c.Lista()->setCurrentRow(0);
+    c.superficie->setText("120,5");
+    Clic(&c, "ENTE URBANO");
+    EXPECT_EQ(c.Lista()->item(0)->text(), "6|PARTICELLA|1|00|FABB PROMIS |120|120|||SN|");
+    c.comune->setText("A001");
+    c.foglio->setText("120");
+    c.RicalcolaAutoAllestito();
+    Clic(&c, "Salva");
+    const QString salvato = LeggiTesto(kCartella + "AB.emp");
+    EXPECT_TRUE(salvato.startsWith("0|AUTOALLESTITO||A001|00120|1,2||")) << salvato.toStdString();
+    EXPECT_TRUE(salvato.contains("\r\n6|PARTICELLA|1|00|FABB PROMIS |120|120|||SN|\r\n"));
+}
