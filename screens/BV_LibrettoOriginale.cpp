@@ -5,6 +5,7 @@
 #include "BV_EstrattiDiMappa1.h"
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
+#include "FormCatasto1TXT.h"
 #include "FormRiordinoRighe.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
@@ -516,8 +517,16 @@ void BV_LibrettoOriginale::SelezionaTutteOpzioni() {
     for (int i = 0; i < opzioni_->count(); ++i) opzioni_->item(i)->setCheckState(Qt::Checked);
 }
 
+// The head dialog: on return the rows, the register data and the province's button show what
+// it left.
+void BV_LibrettoOriginale::ApriConfigurazione() {
+    LeggiSelezione();
+    AggiornaLibrettoMisure(stato_);
+    FormCatasto1TXT::Esegui(stato_, this);
+    MostraDocumento();
+}
+
 // The screens of these commands come with their own parts of the program.
-void BV_LibrettoOriginale::ApriConfigurazione() {}
 // The archive of extracts; the list is loaded again when it closes.
 void BV_LibrettoOriginale::ApriEstratti() {
     LeggiSelezione();

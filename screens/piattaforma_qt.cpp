@@ -6,26 +6,74 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
 #include <QSettings>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 #include <QTextDocument>
 #include <QUrl>
 
 #include <csignal>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace tavolet {
 
-PiattaformaQt::PiattaformaQt() = default;
+namespace {
+
+#ifdef Q_OS_LINUX
+int gCoppiaTermina[2] = {-1, -1};
+
+void AllaTerminazione(int) {
+    const char c = 1;
+    [[maybe_unused]] const ssize_t n = ::write(gCoppiaTermina[0], &c, 1);
+}
+
+// Ends the program as the operator would: open dialogs are cancelled and the main form closes,
+// so that its document is saved. A form that refuses to close keeps the program running.
+void ChiudiComeOperatore() {
+    char c;
+    [[maybe_unused]] const ssize_t n = ::read(gCoppiaTermina[1], &c, 1);
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* d = qobject_cast<QDialog*>(w); d && d->isVisible()) d->reject();
+    bool aperta = false;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (auto* m = qobject_cast<QMainWindow*>(w); m && m->isVisible()) {
+            m->close();
+            aperta = aperta || m->isVisible();
+        }
+    }
+    if (!aperta) QApplication::quit();
+}
+#endif
+
+} // namespace
+
+// A second start ends this one through SIGTERM (TerminaProcessi): the signal is turned into an
+// orderly close of the main form instead of an end on the spot.
+PiattaformaQt::PiattaformaQt() {
+#ifdef Q_OS_LINUX
+    if (!QCoreApplication::instance() || gCoppiaTermina[0] >= 0) return;
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, gCoppiaTermina) != 0) return;
+    auto* avviso = new QSocketNotifier(gCoppiaTermina[1], QSocketNotifier::Read, qApp);
+    QObject::connect(avviso, &QSocketNotifier::activated, qApp, [] { ChiudiComeOperatore(); });
+    struct sigaction sa {};
+    sa.sa_handler = AllaTerminazione;
+    sigemptyset(&sa.sa_mask);
+    sa.sa_flags = SA_RESTART;
+    sigaction(SIGTERM, &sa, nullptr);
+#endif
+}
 
 namespace {
 
