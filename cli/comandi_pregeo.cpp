@@ -16,6 +16,7 @@ const Registra pdfLibretto(
      "riapre l'atto dai blocchi [TAG del PDF e scrive il libretto con possessori ed estratto",
      2,
      [](Contesto& c) {
+         PreparaAmbiente(c.stato);
          InstallaPregeo(c.stato);
          if (!TrascinaLibretto(c.stato, PercorsoArgomento(c.argomenti[0]))) return 1;
          c.stato.doc.PercorsoLibretto = PercorsoArgomento(c.argomenti[1]);
@@ -43,6 +44,8 @@ const Registra elenco({{"dapregeo", "elenco"},
                        "elenco degli atti di Pregeo dal programma Ponticello, celle separate da |",
                        0,
                        [](Contesto& c) {
+                           PreparaAmbiente(c.stato);
+                           CreaAlberoCartelle(c.stato);
                            DaPregeo dp;
                            CaricaPregeo800(c.stato, dp);
                            for (const QStringList& atto : dp.Atti) c.out << atto.join(u'|') << '\n';
@@ -55,6 +58,8 @@ const Registra libretto(
      "esporta l'atto (anno a 2 cifre e protocollo) e scrive il libretto per coordinate in OUT",
      2,
      [](Contesto& c) {
+         PreparaAmbiente(c.stato);
+         CreaAlberoCartelle(c.stato);
          DaPregeo dp;
          MostraAtto(c.stato, dp, c.argomenti[0]);
          ImportaRighe8InLibretto(c.stato, dp);
@@ -70,6 +75,7 @@ const Registra comando(
      "esegue il testo come riga di comando all'avvio (percorso|PAROLA|parametro)",
      1,
      [](Contesto& c) {
+         PreparaAmbiente(c.stato);
          InstallaPregeo(c.stato);
          QString eseguita;
          c.stato.EseguiComando = [&](Stato&, const QString& parola, const QString& parametro) {
