@@ -85,6 +85,7 @@ QString CompilaModello(Stato& stato, const QString& modello, const QStringList& 
     ConTrappola(stato, QStringLiteral(" Buttonplus1_Click"), [&] {
         if (Trim(modello).isEmpty()) return;
         DecoZeroNove(stato);
+        stato.TagRoutine = QStringLiteral(" Buttonplus1_Click");
         const QString percorso = modello.contains(u'\\') || modello.contains(u'/')
                                      ? modello
                                      : CartellaModelli(stato) + u'\\' + modello;
