@@ -61,7 +61,7 @@ void SistemaModestaEntita(Stato& stato, Casistica& c);
 QString PercorsoTempCasistiche(const Stato& stato, const QString& nome);
 QString PercorsoEstrattoProvvisorio(const Stato& stato);
 QString PercorsoModestaEntita(const Stato& stato);
-QString PercorsoContorno(const Stato& stato);
+// \TEMP\CONTORNO.TXT, where the plot writes the outlines drawn: PercorsoContorno of grafica.h.
 QString PercorsoDescrizioneTipologia(const Stato& stato, const QString& codice);
 
 // The screen Tipol10 without its window.

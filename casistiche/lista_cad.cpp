@@ -130,10 +130,6 @@ QString PercorsoModestaEntita(const Stato& stato) {
     return PercorsoTempCasistiche(stato, QStringLiteral("MODESTAENTITA.EMP"));
 }
 
-QString PercorsoContorno(const Stato& stato) {
-    return PercorsoTempCasistiche(stato, QStringLiteral("CONTORNO.TXT"));
-}
-
 QString AvvolgiDieciPunti(const QString& riga) {
     const QStringList campi = Campi(riga);
     if (campi.size() < 3) return riga + CRLF;

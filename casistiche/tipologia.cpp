@@ -4,6 +4,7 @@
 #include "documento.h"
 #include "errore.h"
 #include "file_testo.h"
+#include "grafica.h"
 #include "percorsi.h"
 #include "stato.h"
 #include "testo.h"

@@ -4,6 +4,7 @@
 
 #include "errore.h"
 #include "file_testo.h"
+#include "grafica.h"
 #include "righe.h"
 #include "testo.h"
 
@@ -131,8 +132,8 @@ void PiantaTipologia::ImpostaModo(const QString& modo, const QString& nomePunto)
 
 void PiantaTipologia::ClicMondo(double x, double y) {
     if (modo_.isEmpty()) return;
-    // On a node when one lies within a few pixels.
-    double migliore = 8 / scala_;
+    // "Punto su Nodo" takes the node that lies within a few pixels.
+    double migliore = modo_ == u"NuovoPunto" ? 8 / scala_ : 0;
     for (const Punto& p : punti_) {
         const double d = std::hypot(p.x - x, p.y - y);
         if (d < migliore) {

@@ -4,6 +4,7 @@
 #include "FormInformazioni.h"
 #include "Tipol10.h"
 #include "casistiche.h"
+#include "grafica.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
 #include "stampa.h"
@@ -68,6 +69,7 @@ struct Schermi : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();
         CreaAlberoCartelle(s);
+        CreaCartella(s.amb.CartellaProgramma + "\\TEMP");
     }
     QString Temp(const QString& nome) const { return s.amb.CartellaLavoro + "\\TEMP\\" + nome; }
 };
@@ -81,7 +83,7 @@ TEST_F(Schermi, Tipol10IncollaConfermaEAnnulla) {
     s.testata.MappaliLibretto = "123";
     // What the last case left behind goes at the opening; its description comes back.
     radice.Scrivi(Temp("VECCHIO.TXT"), "x");
-    radice.Scrivi(Temp("TIPOL08.TXT"), "Fabbricato di modesta entità\r\nin aderenza");
+    radice.Scrivi(Temp("TIPOL08.TXT"), AWindows1252("Fabbricato di modesta entità\r\nin aderenza"));
     {
         Tipol10 form(s, "08");
         EXPECT_EQ(form.windowTitle(), "Tipologia 08");
@@ -137,13 +139,13 @@ TEST_F(Schermi, Tipol10DisegnoDeiContorni) {
     EXPECT_TRUE(form.Pianta()->Modo().isEmpty());
     Clic(&form, "Punto Medio");
     EXPECT_EQ(form.Pianta()->NomePunto(), "110*");
-    EXPECT_EQ(radice.Leggi(Temp("CONTORNO.TXT")), "LAYER RC\r\n"
-                                                  "al punto  X=0.0000  Y=0.0000  Z=   0.0000\r\n"
-                                                  "al punto  X=6.0000  Y=0.0000  Z=   0.0000\r\n"
-                                                  "al punto  X=6.0000  Y=4.0000  Z=   0.0000\r\n"
-                                                  "al punto  X=0.0000  Y=4.0000  Z=   0.0000\r\n"
-                                                  "al punto  X=0.0000  Y=0.0000  Z=   0.0000\r\n"
-                                                  " \r\n");
+    EXPECT_EQ(radice.Leggi(PercorsoContorno(s)), "LAYER RC\r\n"
+                                                 "al punto  X=0.0000  Y=0.0000  Z=   0.0000\r\n"
+                                                 "al punto  X=6.0000  Y=0.0000  Z=   0.0000\r\n"
+                                                 "al punto  X=6.0000  Y=4.0000  Z=   0.0000\r\n"
+                                                 "al punto  X=0.0000  Y=4.0000  Z=   0.0000\r\n"
+                                                 "al punto  X=0.0000  Y=0.0000  Z=   0.0000\r\n"
+                                                 " \r\n");
     Clic(&form, "Componi Proposta");
     EXPECT_EQ(Voci(form.Righe()),
               (QStringList{"8|1|.000|.000|SF|", "8|2|.000|6.000|SF|", "8|3|4.000|6.000|SF|",
@@ -155,6 +157,7 @@ TEST_F(Schermi, Tipol10DisegnoDeiContorni) {
 
 TEST_F(Schermi, StampaGeneraleComandi) {
     s.doc.PercorsoLibretto = "C:\\Libretti\\ROSSI.DAT";
+    radice.Scrivi(s.doc.PercorsoLibretto, "");
     radice.Scrivi(CartellaModelli(s) + "\\Relazione.rtf", Dati("stampa/Relazione.rtf"));
     radice.Scrivi(s.amb.CartellaLavoro + "\\CarattereStampa.ini",
                   "12,\"Courier New\",True,False\r\n");
