@@ -38,7 +38,8 @@ bool CaricaComeTrascinamento(Stato& stato, const QString& percorso);
 QString PercorsoArgomento(const QString& argomento);
 // An input file of a command: false, after the "not found" message, when it is missing, a
 // folder, unreadable, or empty where that is not allowed. Every argument that a command's usage
-// names IN, FILE, PERCORSO or FILE... is checked so before the command runs.
+// names as an input (IN, FILE, PERCORSO, LIBRETTO, IN.EMP, FILE...) is checked so before the
+// command runs.
 bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento, bool vuotoAmmesso);
 bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
                        Piattaforma& piattaforma);

@@ -1,17 +1,22 @@
 #include "BV_LibrettoOriginale.h"
 
 #include "BV_Dapregeo.h"
+#include "BV_EDM.h"
 #include "BV_EditorGen.h"
 #include "BV_EstrattiDiMappa1.h"
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
 #include "FormCatasto1TXT.h"
+#include "FormInformazioni.h"
 #include "FormRiordinoRighe.h"
+#include "Tipol10.h"
+#include "fiduciali.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "posizione.h"
 #include "pregeo.h"
 #include "riordino.h"
+#include "trova.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,6 +34,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -81,6 +87,7 @@ BV_LibrettoOriginale::BV_LibrettoOriginale(Stato& stato, QWidget* parent)
     InstallaComandi(stato_, this);
     CostruisciMenu();
     CostruisciPannelli();
+    CostruisciScorciatoie();
     resize(1280, 800);
 }
 
@@ -100,8 +107,7 @@ void BV_LibrettoOriginale::CostruisciMenu() {
     NuovaVoce(file, QStringLiteral("Apri Libretto da File"));
     NuovaVoce(file, QStringLiteral("Ripristina da Archivio Libretti"));
     file->addSeparator();
-    NuovaVoce(file, QStringLiteral("&Salva"),
-              [this] { Comando([this] { SalvaLibrettoMisure(stato_); }); });
+    NuovaVoce(file, QStringLiteral("&Salva"), [this] { Salva(); });
     NuovaVoce(file, QStringLiteral("Esporta Libretto"), [this] {
         Comando([this] {
             AggiornaLibrettoMisure(stato_);
@@ -166,8 +172,12 @@ void BV_LibrettoOriginale::CostruisciMenu() {
     QMenu* tipologie = barra->addMenu(QStringLiteral("Tipologie Automatizzate"));
     QMenu* casistiche = tipologie->addMenu(QStringLiteral("Casistiche"));
     casistiche->setObjectName(QStringLiteral("mnuTipologie1"));
-    NuovaVoce(casistiche, QStringLiteral("Casistica 08"));
-    NuovaVoce(casistiche, QStringLiteral("Casistica 1000"));
+    // Each case opens its screen; the rows it confirms go into the libretto.
+    for (const QString& codice : {QStringLiteral("08"), QStringLiteral("1000")})
+        NuovaVoce(casistiche, QStringLiteral("Casistica ") + codice, [this, codice] {
+            if (Tipol10::Esegui(stato_, codice, this) == 1)
+                Comando([this] { InserisciPropostaNelLibretto(stato_); });
+        });
     tipologie->addSeparator();
     NuovaVoce(tipologie, QStringLiteral("Informazioni generali - operative - garanzie"), [this] {
         stato_.piattaforma->Messaggio(
@@ -179,16 +189,9 @@ void BV_LibrettoOriginale::CostruisciMenu() {
 
     QMenu* info = barra->addMenu(QStringLiteral("&?"));
     info->setObjectName(QStringLiteral("MnenuInfo"));
-    NuovaVoce(info, QStringLiteral("Configurazione"), [this] {
-        stato_.piattaforma->Messaggio(TestoConfigurazione(stato_), QStringLiteral("Configurazione"),
-                                      Icona::Informazione);
-    });
-    NuovaVoce(info, QStringLiteral("Autore"), [this] {
-        stato_.piattaforma->Messaggio(QStringLiteral("Tavolet V 5.00 - L'Evoluzione") + CRLF +
-                                          QStringLiteral("Libretto delle misure per Pregeo") +
-                                          CRLF + QStringLiteral("Scritto dagli autori di Tavolet."),
-                                      QStringLiteral("Autore"), Icona::Informazione);
-    });
+    NuovaVoce(info, QStringLiteral("Configurazione"),
+              [this] { FormInformazioni::Esegui(stato_, this); });
+    NuovaVoce(info, QStringLiteral("Autore"), [this] { FormAutore::Esegui(stato_, this); });
     NuovaVoce(info, QStringLiteral("@ WEB"),
               [this] { stato_.piattaforma->ApriConProgramma(kIndirizzoWeb); });
 }
@@ -210,7 +213,7 @@ void BV_LibrettoOriginale::CostruisciPulsanti(QGridLayout* griglia) {
     auto collega = [this](int i, std::function<void()> f) {
         connect(pulsanti_[i], &QPushButton::clicked, this, [f] { f(); });
     };
-    collega(4, [this] { Comando([this] { SalvaLibrettoMisure(stato_); }); });
+    collega(4, [this] { Salva(); });
     collega(5, [this] { Comando([this] { VrsMeno(stato_); }); });
     collega(11, [this] { Comando([this] { VrsPiu(stato_); }); });
     collega(6, [this] { AvviaProgrammaSarvento(stato_, kDexaro); });
@@ -224,7 +227,7 @@ void BV_LibrettoOriginale::CostruisciPulsanti(QGridLayout* griglia) {
     collega(27, [this] { Comando([this] { SelezionaStazioni(stato_); }); });
     collega(28, [this] { Comando([this] { SelezionaPF(stato_); }); });
     collega(30, [this] { Comando([this] { InvertiSelezione(stato_); }); });
-    collega(31, [this] { Comando([this] { CopiaLibretto(stato_); }); });
+    collega(31, [this] { Copia(); });
 }
 
 void BV_LibrettoOriginale::CostruisciPannelli() {
@@ -242,6 +245,15 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     contatore_->setMinimumWidth(90);
     contatore_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     striscia->addWidget(nomeFile_, 1);
+    // The find field (Ctrl+F) stands beside the counter; the button that bears the caption
+    // "Trova nel Libretto :" keeps doing nothing.
+    trova_ = new QLineEdit;
+    trova_->setObjectName(QStringLiteral("TrovaRighe"));
+    trova_->setPlaceholderText(QStringLiteral("Trova nelle righe (Ctrl+F)"));
+    trova_->setClearButtonEnabled(true);
+    trova_->setMaximumWidth(260);
+    connect(trova_, &QLineEdit::returnPressed, this, [this] { TrovaSuccessiva(); });
+    striscia->addWidget(trova_);
     striscia->addWidget(contatore_);
     sinistra->addLayout(striscia);
     righe_ = new QListWidget;
@@ -390,6 +402,10 @@ bool BV_LibrettoOriginale::Carica(const QString& rigaComando) {
     if (!AvvioProgramma(stato_, rigaComando)) return false;
     ApplicaCarattere();
     MostraDocumento();
+    AzzeraAnnullamenti(annullamenti_, stato_);
+    Avvisa(stato_.doc.PercorsoLibretto.isEmpty()
+               ? QStringLiteral("Nuovo libretto")
+               : QStringLiteral("Aperto ") + stato_.doc.PercorsoLibretto);
     // Under a bare X server the title set before mapping can be lost: set it once more.
     QTimer::singleShot(0, this, [this] { Righe_Indice(); });
     return true;
@@ -430,13 +446,20 @@ void BV_LibrettoOriginale::MostraDocumento() {
     MostraRighe();
     MostraDati();
     Righe_Indice();
+    // Every command ends here: what it changed becomes one step of undo.
+    ultimoPasso_ = PuntoDiAnnullamento(annullamenti_, stato_, descrizione_);
+    descrizione_.clear();
+    if (!ultimoPasso_.isEmpty()) Avvisa(ultimoPasso_);
 }
 
 void BV_LibrettoOriginale::LeggiSelezione() {
     ListaRighe& l = stato_.doc.RigheLibretto;
-    if (l.Conta() != righe_->count()) return;
-    for (int i = 0; i < l.Conta(); ++i) l.Seleziona(i, righe_->item(i)->isSelected());
-    l.ImpostaCorrente(righe_->currentRow());
+    if (l.Conta() == righe_->count()) {
+        for (int i = 0; i < l.Conta(); ++i) l.Seleziona(i, righe_->item(i)->isSelected());
+        l.ImpostaCorrente(righe_->currentRow());
+    }
+    // Every command starts here: what was typed in the fields since becomes its own step.
+    PuntoDiAnnullamento(annullamenti_, stato_);
 }
 
 void BV_LibrettoOriginale::Righe_Indice() {
@@ -444,18 +467,122 @@ void BV_LibrettoOriginale::Righe_Indice() {
     contatore_->setText(ContatoreRighe(stato_));
 }
 
-void BV_LibrettoOriginale::Comando(const std::function<void()>& azione) {
+void BV_LibrettoOriginale::Comando(const std::function<void()>& azione,
+                                   const QString& descrizione) {
     LeggiSelezione();
+    const QList<int> prima = stato_.doc.RigheLibretto.Selezionate();
+    descrizione_ = descrizione;
     azione();
     MostraDocumento();
+    const QList<int> dopo = stato_.doc.RigheLibretto.Selezionate();
+    if (ultimoPasso_.isEmpty() && dopo != prima)
+        Avvisa(dopo.size() == 1
+                   ? QStringLiteral("1 riga selezionata")
+                   : QString::number(dopo.size()) + QStringLiteral(" righe selezionate"));
+}
+
+void BV_LibrettoOriginale::Avvisa(const QString& testo) {
+    statusBar()->showMessage(testo);
+}
+
+void BV_LibrettoOriginale::CostruisciScorciatoie() {
+    auto scorciatoia = [this](const QString& nome, const QList<QKeySequence>& tasti,
+                              std::function<void()> azione) {
+        auto* a = new QAction(nome, this);
+        a->setObjectName(nome);
+        a->setShortcuts(tasti);
+        a->setShortcutContext(Qt::WindowShortcut);
+        connect(a, &QAction::triggered, this, [azione] { azione(); });
+        addAction(a);
+    };
+    // The fields keep their own undo of what is typed in them: they take these keys first.
+    scorciatoia(QStringLiteral("Annulla"), {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+                [this] { AnnullaComando(); });
+    scorciatoia(
+        QStringLiteral("Ripeti"),
+        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
+        [this] { RipetiComando(); });
+    scorciatoia(QStringLiteral("Apri"), {QKeySequence(Qt::CTRL | Qt::Key_O)},
+                [this] { ApriComeTrascinamento(); });
+    scorciatoia(QStringLiteral("Trova"), {QKeySequence(Qt::CTRL | Qt::Key_F)}, [this] {
+        trova_->setFocus(Qt::ShortcutFocusReason);
+        trova_->selectAll();
+    });
+    if (QAction* salva = Voce(QStringLiteral("     &File    "), QStringLiteral("&Salva")))
+        salva->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    if (QAction* info = Voce(QStringLiteral("&?"), QStringLiteral("Configurazione")))
+        info->setShortcut(QKeySequence(Qt::Key_F1));
+}
+
+void BV_LibrettoOriginale::Salva() {
+    bool salvato = false;
+    Comando([this, &salvato] { salvato = SalvaLibrettoMisure(stato_); });
+    const QString& percorso = stato_.doc.PercorsoLibretto;
+    if (!salvato)
+        Avvisa(QStringLiteral("Salvataggio non riuscito"));
+    else if (!percorso.isEmpty())
+        Avvisa(QStringLiteral("Salvato ") + percorso);
+}
+
+void BV_LibrettoOriginale::Copia() {
+    Comando([this] { CopiaLibretto(stato_); });
+    Avvisa(QStringLiteral("Libretto copiato negli appunti: ") +
+           QString::number(stato_.doc.RigheLibretto.Conta()) + QStringLiteral(" righe"));
+}
+
+void BV_LibrettoOriginale::AnnullaComando() {
+    LeggiSelezione();
+    const std::optional<QString> fatto = Annulla(annullamenti_, stato_);
+    MostraDocumento();
+    Avvisa(fatto ? QStringLiteral("Annullato: ") + *fatto
+                 : QStringLiteral("Nessuna modifica da annullare"));
+}
+
+void BV_LibrettoOriginale::RipetiComando() {
+    LeggiSelezione();
+    const std::optional<QString> fatto = Ripeti(annullamenti_, stato_);
+    MostraDocumento();
+    Avvisa(fatto ? QStringLiteral("Ripetuto: ") + *fatto
+                 : QStringLiteral("Nessuna modifica da ripetere"));
+}
+
+void BV_LibrettoOriginale::ApriComeTrascinamento() {
+    const Documento& d = stato_.doc;
+    const QString cartella =
+        d.PercorsoLibretto.isEmpty() ? stato_.amb.CartellaLavoro : CartellaDel(d.PercorsoLibretto);
+    const QString scelto = stato_.piattaforma->ApriFile(
+        QStringLiteral("Apri Libretto"), cartella,
+        QStringLiteral("Libretti (*.dat *.DAT *.txt *.TXT *.lxb *.LXB *.pdf *.PDF);;"
+                       "Tutti i file (*)"));
+    if (!scelto.isEmpty()) Trascina(PercorsoWindows(scelto));
+}
+
+void BV_LibrettoOriginale::TrovaSuccessiva() {
+    LeggiSelezione();
+    const ListaRighe& l = stato_.doc.RigheLibretto;
+    const QString testo = trova_->text();
+    const int riga = TrovaRigaSuccessiva(l, testo, l.Corrente() + 1);
+    if (riga < 0) {
+        if (!Trim(testo).isEmpty())
+            Avvisa(QStringLiteral("Nessuna riga contiene \"") + testo + u'"');
+        return;
+    }
+    righe_->setCurrentRow(riga, QItemSelectionModel::ClearAndSelect);
+    righe_->scrollToItem(righe_->item(riga));
+    LeggiSelezione();
+    Righe_Indice();
+    Avvisa(QStringLiteral("Trovato alla riga ") + QString::number(riga + 1) +
+           QStringLiteral(" di ") + QString::number(l.Conta()));
 }
 
 void BV_LibrettoOriginale::NuovoLibretto() {
-    Comando([this] {
-        stato_.doc.TestoLibretto.clear();
-        stato_.doc.TestoPossessori.clear();
-        CaricaLibrettoInList1(stato_);
-    });
+    Comando(
+        [this] {
+            stato_.doc.TestoLibretto.clear();
+            stato_.doc.TestoPossessori.clear();
+            CaricaLibrettoInList1(stato_);
+        },
+        QStringLiteral("Nuovo libretto"));
     ApriConfigurazione();
 }
 
@@ -463,6 +590,7 @@ void BV_LibrettoOriginale::Ordina() {
     LeggiSelezione();
     AggiornaLibrettoMisure(stato_);
     FormRiordinoRighe::Esegui(stato_, this);
+    descrizione_ = QStringLiteral("Righe riordinate");
     MostraDocumento();
 }
 
@@ -534,7 +662,12 @@ void BV_LibrettoOriginale::ApriEstratti() {
     BV_EstrattiDiMappa1::Esegui(stato_, this);
     MostraDocumento();
 }
-void BV_LibrettoOriginale::subModelloCensuario() {}
+// The particle archive and its censuary screens, then the silent regrouping of the rows.
+void BV_LibrettoOriginale::subModelloCensuario() {
+    const bool estratti = BV_EDM::Esegui(stato_, this);
+    Comando([this] { subRiordinoRighe(stato_); });
+    if (estratti) ApriEstratti();
+}
 void BV_LibrettoOriginale::ApriTaf() {}
 void BV_LibrettoOriginale::ApriDaPregeoDxf() {
     LeggiSelezione();
@@ -547,8 +680,19 @@ void BV_LibrettoOriginale::AssegnaDescrizione() {
     ApriAssegnaDescrizione(stato_, this);
     MostraDocumento();
 }
-void BV_LibrettoOriginale::DistanzePF(const QString&) {}
-void BV_LibrettoOriginale::InfoMisuratePF() {}
+void BV_LibrettoOriginale::DistanzePF(const QString& riga) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    MisurateDa1PF(stato_, Split(riga, QStringLiteral("|")).value(1));
+    QApplication::restoreOverrideCursor();
+}
+
+void BV_LibrettoOriginale::InfoMisuratePF() {
+    LeggiSelezione();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    CalcolaMisuratePF_DaLibretto(stato_, stato_.doc.RigheLibretto.Righe());
+    QApplication::restoreOverrideCursor();
+    MostraDocumento();
+}
 // Of the tags of the utility panel only CONFIGURA_PREGEO acts, on Pregeo's settings screen.
 void BV_LibrettoOriginale::ComandoUtilita(const QString& tag) {
     if (UCase(tag) != u"CONFIGURA_PREGEO") return;
@@ -558,6 +702,7 @@ void BV_LibrettoOriginale::ComandoUtilita(const QString& tag) {
 }
 
 void BV_LibrettoOriginale::Trascina(const QString& percorso) {
+    LeggiSelezione();
     if (TrascinaLibretto(stato_, percorso)) MostraDocumento();
 }
 
@@ -565,7 +710,7 @@ bool BV_LibrettoOriginale::TrascinaDati(const QMimeData* dati) {
     const QList<QUrl> urls = dati ? dati->urls() : QList<QUrl>();
     if (urls.isEmpty() || !urls.first().isLocalFile()) return false;
     // Handled after the drop returns, so that a question does not block the source program.
-    const QString percorso = urls.first().toLocalFile();
+    const QString percorso = PercorsoWindows(urls.first().toLocalFile());
     QTimer::singleShot(0, this, [this, percorso] { Trascina(percorso); });
     return true;
 }
@@ -585,6 +730,10 @@ bool BV_LibrettoOriginale::eventFilter(QObject* o, QEvent* e) {
                 return true;
             }
         } else if (e->type() == QEvent::KeyPress && o == righe_) {
+            if (static_cast<QKeyEvent*>(e)->matches(QKeySequence::Copy)) {
+                Copia();
+                return true;
+            }
             const int tasto = static_cast<QKeyEvent*>(e)->key();
             if (tasto == Qt::Key_Delete) {
                 EliminaRighe();
@@ -622,12 +771,17 @@ void BV_LibrettoOriginale::changeEvent(QEvent* e) {
 void BV_LibrettoOriginale::closeEvent(QCloseEvent* e) {
     LeggiSelezione();
     Piattaforma& p = *stato_.piattaforma;
-    AggiornaLibrettoMisure(stato_);
-    stato_.doc.TestoPossessori = UCase(stato_.doc.TestoPossessori);
     SalvaPosizioneForm(this, stato_, kNomeForm);
     p.SalvaImpostazione(QStringLiteral("FORMx"), kNomeForm, QString::number(width()));
     p.SalvaImpostazione(QStringLiteral("FORMy"), kNomeForm, QString::number(height()));
-    SalvaLibrettoMisure(stato_);
+    // A save that fails keeps the form open on the document: the error report has been shown
+    // and the surveyor can still export the rows elsewhere.
+    if (!ChiusuraProgramma(stato_)) {
+        e->ignore();
+        MostraDocumento();
+        Avvisa(QStringLiteral("Salvataggio non riuscito: il libretto resta aperto"));
+        return;
+    }
     e->accept();
 }
 
