@@ -47,9 +47,23 @@ BENCHMARK(BM_MisurateDaLibretto)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 static void BM_CoppieNellArchivio(benchmark::State& st) {
     std::mt19937 rng(3);
-    const QStringList righe = RigheDiTesto(DddGenerato(1000000, 3000, "A001", rng));
+    const QByteArray byte = AWindows1252(DddGenerato(1000000, 3000, "A001", rng));
     QStringList nomi;
     for (int i = 0; i < 50; ++i) nomi << CodiceGenerato(i * 7, "A001");
-    for (auto _ : st) benchmark::DoNotOptimize(RigheConCoppie(righe, nomi).size());
+    for (auto _ : st) benchmark::DoNotOptimize(CoppieNellArchivio(byte, nomi).righe.size());
+    st.SetBytesProcessed(st.iterations() * byte.size());
 }
 BENCHMARK(BM_CoppieNellArchivio)->Unit(benchmark::kMillisecond);
+
+// The fifty fiducials of a libretto looked up in a TAF of 30,000 lines, the last ones at its end.
+static void BM_CinquantaPFNellaTaf(benchmark::State& st) {
+    RadiceProva radice;
+    std::mt19937 rng(2);
+    radice.Scrivi("C:\\fiducial\\DATI\\A001.TAF", AWindows1252(TafGenerata(30000, "A001", rng)));
+    PiattaformaFinta p;
+    Stato s(p);
+    QStringList codici;
+    for (int i = 0; i < 50; ++i) codici << CodiceGenerato(i * 599, "A001");
+    for (auto _ : st) benchmark::DoNotOptimize(TrovaPFNellaTAF(s, codici).size());
+}
+BENCHMARK(BM_CinquantaPFNellaTaf)->Unit(benchmark::kMillisecond);

@@ -27,11 +27,15 @@ QString SiglaProvinciaDelComune(Stato& stato, const QString& comune);
 QString ArchivioMisurate(const Stato& stato, const QString& sigla);
 QString PercorsoArchivio(const Stato& stato, const QString& nome);
 
-// For every pair of distinct names (i < j, indices into nomi), the indices of the lines that
-// hold both.
-// One pass over the lines; names that begin with "PF" are found by lookup at each "PF" of a
-// line, any other name by search.
-QHash<quint64, QList<int>> RigheConCoppie(const QStringList& righe, const QStringList& nomi);
+// The lines of an archive (its bytes) that hold two or more of the names, decoded, in file
+// order; for every pair of names (i < j, indices into nomi), the indices into those lines of
+// the ones that hold both. A name that begins with "PF" is found by lookup at each "PF" of a
+// line, any other by search; an empty name is never found.
+struct CoppieArchivio {
+    QStringList righe;
+    QHash<quint64, QList<int>> coppie;
+};
+CoppieArchivio CoppieNellArchivio(const QByteArray& byte, const QStringList& nomi);
 inline quint64 ChiaveCoppia(int i, int j) {
     return (quint64(quint32(i)) << 32) | quint32(j);
 }

@@ -193,8 +193,9 @@ bool MettiDistanzeMisurate(Stato& stato, TabellaPF& t) {
                                          QStringLiteral("MettiDistanzeMisurate"), Icona::Critico);
             return;
         }
-        const QStringList righe = LeggiRighe(archivio);
-        const auto coppie = RigheConCoppie(righe, codici);
+        const CoppieArchivio archivioCoppie = CoppieNellArchivio(LeggiByte(archivio), codici);
+        const QStringList& righe = archivioCoppie.righe;
+        const auto& coppie = archivioCoppie.coppie;
         QList<quint64> chiavi = coppie.keys();
         std::sort(chiavi.begin(), chiavi.end());
         for (quint64 k : chiavi) {

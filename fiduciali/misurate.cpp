@@ -63,9 +63,13 @@ QStringList Rapporto(Stato& stato, const QStringList& nomi, const QList<PuntoPF>
 
     stato.TagRoutine = QStringLiteral("CalcolaMisuratePF3") + suffisso;
     QStringList trovati; // name|east|north
-    for (const QString& n : nomi) {
-        const PFNellaTaf pf = TrovaPFNellaTAF(stato, Replace(n, QStringLiteral("@"), QString()));
-        stato.TagRoutine = QStringLiteral("CalcolaMisuratePF3") + suffisso;
+    QStringList senzaChiocciola;
+    for (const QString& n : nomi) senzaChiocciola << Replace(n, QStringLiteral("@"), QString());
+    const QList<PFNellaTaf> nellaTaf = TrovaPFNellaTAF(stato, senzaChiocciola);
+    stato.TagRoutine = QStringLiteral("CalcolaMisuratePF3") + suffisso;
+    for (int i = 0; i < nomi.size(); ++i) {
+        const QString& n = nomi[i];
+        const PFNellaTaf& pf = nellaTaf[i];
         if (pf.trovato) {
             trovati << n + u'|' + pf.est + u'|' + pf.nord;
         } else {
@@ -87,8 +91,7 @@ QStringList Rapporto(Stato& stato, const QStringList& nomi, const QList<PuntoPF>
     });
 
     stato.TagRoutine = QStringLiteral("CalcolaMisuratePF1") + suffisso;
-    const QStringList righeArchivio = LeggiRighe(archivio);
-    const QHash<quint64, QList<int>> misure = RigheConCoppie(righeArchivio, nomi);
+    const CoppieArchivio misure = CoppieNellArchivio(LeggiByte(archivio), nomi);
 
     auto coordinate = [&](const QString& n) {
         for (const PuntoPF& p : *punti)
@@ -129,8 +132,8 @@ QStringList Rapporto(Stato& stato, const QStringList& nomi, const QList<PuntoPF>
         }
         double somma = 0;
         int conta = 0;
-        for (int r : misure.value(ChiaveCoppia(c.i, c.j))) {
-            const QString& riga = righeArchivio[r];
+        for (int r : misure.coppie.value(ChiaveCoppia(c.i, c.j))) {
+            const QString& riga = misure.righe[r];
             const double m = Val(riga.size() >= 34 ? Mid(riga, 34) : QString());
             rapporto << testa + riga.mid(testa.size()) + Destra(Formato(d - m, kFiguraDisegno), 10);
             somma += m;

@@ -1,9 +1,11 @@
 #include "taf.h"
 
 #include "libretto.h"
+#include "righe_byte.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 
 #include <algorithm>
 
@@ -92,20 +94,38 @@ QString CodiceComposto(const QString& riga) {
 }
 
 PFNellaTaf TrovaPFNellaTAF(Stato& stato, const QString& codice) {
-    PFNellaTaf esito;
-    ConTrappola(stato, QStringLiteral("TrovaPFNellaTAF"), [&] {
-        const QString cercato = Trim(codice);
-        const QString percorso = PercorsoTaf(stato, ComuneDelPF(cercato));
-        if (ComuneDelPF(cercato).isEmpty() || !EsisteFile(percorso)) return;
-        for (const QString& riga : LeggiRighe(percorso)) {
-            if (CodiceComposto(riga) != cercato) continue;
-            esito.nord = Trim(Colonne(riga, 103, 113));
-            esito.est = Trim(Colonne(riga, 116, 126));
-            esito.trovato = true;
-            return;
-        }
-    });
-    return esito;
+    return TrovaPFNellaTAF(stato, QStringList{codice}).first();
+}
+
+QList<PFNellaTaf> TrovaPFNellaTAF(Stato& stato, const QStringList& codici) {
+    QList<PFNellaTaf> esiti(codici.size());
+    QMap<QString, QHash<QString, QList<int>>> perComune; // municipality, code, indices
+    for (int i = 0; i < codici.size(); ++i) {
+        const QString cercato = Trim(codici[i]);
+        const QString comune = ComuneDelPF(cercato);
+        if (!comune.isEmpty()) perComune[comune][cercato] << i;
+    }
+    for (auto c = perComune.begin(); c != perComune.end(); ++c) {
+        ConTrappola(stato, QStringLiteral("TrovaPFNellaTAF"), [&] {
+            const QString percorso = PercorsoTaf(stato, c.key());
+            if (!EsisteFile(percorso)) return;
+            QHash<QString, QList<int>>& cercati = c.value();
+            // The composition reads the first 17 columns only: the rest of a line is decoded
+            // when it is the one.
+            PerOgniRiga(LeggiByte(percorso), [&](QByteArrayView riga) {
+                if (cercati.isEmpty()) return;
+                const auto it = cercati.constFind(CodiceComposto(
+                    DaWindows1252(riga.first(std::min<qsizetype>(17, riga.size())).toByteArray())));
+                if (it == cercati.constEnd()) return;
+                const QString testo = DaWindows1252(riga.toByteArray());
+                for (int i : *it)
+                    esiti[i] = {true, Trim(Colonne(testo, 103, 113)),
+                                Trim(Colonne(testo, 116, 126))};
+                cercati.erase(it);
+            });
+        });
+    }
+    return esiti;
 }
 
 const QStringList& IntestazioniGriglia() {

@@ -56,6 +56,8 @@ struct PFNellaTaf {
 };
 // Looks the code up in the TAF of its municipality by the second composition.
 PFNellaTaf TrovaPFNellaTAF(Stato& stato, const QString& codice);
+// The same for many codes, one answer a code: each TAF is read once.
+QList<PFNellaTaf> TrovaPFNellaTAF(Stato& stato, const QStringList& codici);
 
 // The grid of the browser: headers, widths in base units (halves), print widths.
 const QStringList& IntestazioniGriglia();

@@ -84,14 +84,22 @@ void ConfrontaGolden(const QByteArray& byte, const QString& nome) {
     EXPECT_EQ(byte, Dati(nome)) << nome.toStdString();
 }
 
-QHash<quint64, QList<int>> RigheConCoppieRiferimento(const QStringList& righe,
-                                                     const QStringList& nomi) {
-    QHash<quint64, QList<int>> coppie;
+QHash<quint64, QStringList> CoppieRiferimento(const QByteArray& byte, const QStringList& nomi) {
+    const QStringList righe = RigheDiTesto(DaWindows1252(byte));
+    QHash<quint64, QStringList> coppie;
     for (int i = 0; i < nomi.size(); ++i)
         for (int j = i + 1; j < nomi.size(); ++j)
-            for (int r = 0; r < righe.size(); ++r)
-                if (righe[r].contains(nomi[i]) && righe[r].contains(nomi[j]))
-                    coppie[ChiaveCoppia(i, j)].append(r);
+            for (const QString& riga : righe)
+                if (riga.contains(nomi[i]) && riga.contains(nomi[j]))
+                    coppie[ChiaveCoppia(i, j)].append(riga);
+    return coppie;
+}
+
+QHash<quint64, QStringList> CoppieTrovate(const QByteArray& byte, const QStringList& nomi) {
+    const CoppieArchivio c = CoppieNellArchivio(byte, nomi);
+    QHash<quint64, QStringList> coppie;
+    for (auto it = c.coppie.begin(); it != c.coppie.end(); ++it)
+        for (int r : it.value()) coppie[it.key()].append(c.righe[r]);
     return coppie;
 }
 

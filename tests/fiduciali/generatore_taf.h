@@ -33,8 +33,10 @@ QString CodiceGenerato(int i, const QString& comune);
 // written anew first (then look at it before committing).
 void ConfrontaGolden(const QByteArray& byte, const QString& nome);
 
-// The plain search: for each pair of names (i < j), the lines that hold both.
-QHash<quint64, QList<int>> RigheConCoppieRiferimento(const QStringList& righe,
-                                                     const QStringList& nomi);
+// The plain search of the archive: for each pair of names (i < j), the lines that hold both,
+// the file read into lines first.
+QHash<quint64, QStringList> CoppieRiferimento(const QByteArray& byte, const QStringList& nomi);
+// What CoppieNellArchivio found, in the same shape.
+QHash<quint64, QStringList> CoppieTrovate(const QByteArray& byte, const QStringList& nomi);
 
 } // namespace tavolet::test

@@ -153,20 +153,26 @@ TEST(RigaDdd, CampiEBrevi) {
     EXPECT_EQ(corta.distanza, 0);
 }
 
-TEST(RigheConCoppie, UgualeAllaRicercaSemplice) {
+TEST(CoppieNellArchivio, UgualeAllaRicercaSemplice) {
     std::mt19937 rng(13);
-    for (int prova = 0; prova < 60; ++prova) {
+    for (int prova = 0; prova < 80; ++prova) {
         const int fiduciali = 5 + int(rng() % 60);
-        const QStringList righe =
-            RigheDiTesto(DddGenerato(int(rng() % 200), fiduciali, "A001", rng));
+        QString testo = DddGenerato(int(rng() % 200), fiduciali, "A001", rng);
+        // Lone CR and LF ends, accented and undefined bytes, a code in lower case.
+        testo.replace(int(rng() % (testo.size() + 1)), 0,
+                      "\r" + CodiceGenerato(2, "A001") + " \u00e8~ " + CodiceGenerato(3, "A001"));
+        testo.replace(int(rng() % (testo.size() + 1)), 0, "\n" + CodiceGenerato(2, "a001") + " ");
+        QByteArray byte = AWindows1252(testo);
+        byte.replace('~', '\x81');
         QStringList nomi;
         for (int i = 0; i < fiduciali; ++i)
             if (rng() % 3 == 0) nomi << CodiceGenerato(i, "A001");
         if (rng() % 4 == 0) nomi << "0100/A001"; // not a fiducial code: searched plainly
         if (rng() % 4 == 0) nomi << CodiceGenerato(1, "A001") + "@";
+        if (rng() % 4 == 0) nomi << "\u00e8\u0081 "; // found through the decoded bytes
+        if (rng() % 4 == 0) nomi << "PF\u4e2d";      // no byte gives it: never found
         nomi.removeDuplicates();
-        ASSERT_EQ(RigheConCoppie(righe, nomi), RigheConCoppieRiferimento(righe, nomi))
-            << "prova " << prova;
+        ASSERT_EQ(CoppieTrovate(byte, nomi), CoppieRiferimento(byte, nomi)) << "prova " << prova;
     }
 }
 
