@@ -16,6 +16,7 @@
 
 #include "archivio.h"
 #include "blocchi_tag.h"
+#include "casistiche.h"
 #include "copia_estratto.h"
 #include "cxf.h"
 #include "errore.h"
@@ -390,7 +391,11 @@ void BV_EstrattiDiMappa1::AzzeraDitteEstratto() {
 }
 
 void BV_EstrattiDiMappa1::DaDxf() {
-    // The generator of the cases writes ESTRATTOPROVVISORIO.EMP into this folder.
+    // The polylines of a DXF chosen in the dialog, as the case without an extract of its own;
+    // the generator writes ESTRATTOPROVVISORIO.EMP into this folder.
+    Casistica caso;
+    caso.Codice = QStringLiteral("1000");
+    if (!GeneraLibrettoDaPoliLineeDXF(stato_, caso, QString())) return;
     AggiornaLista(QStringLiteral("ESTRATTOPROVVISORIO.EMP"));
 }
 

@@ -4,6 +4,7 @@
 #include "CompletaAutoallestito.h"
 #include "Grafica.h"
 #include "archivio.h"
+#include "casistiche.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
 #include "supporto.h"
@@ -183,4 +184,47 @@ TEST_F(SchermoEstratti, SommaEAutoallestito) {
     const QString salvato = LeggiTesto(kCartella + "AB.emp");
     EXPECT_TRUE(salvato.startsWith("0|AUTOALLESTITO||A001|00120|1,2||")) << salvato.toStdString();
     EXPECT_TRUE(salvato.contains("\r\n6|PARTICELLA|1|00|FABB PROMIS |120|120|||SN|\r\n"));
+}
+
+TEST_F(SchermoEstratti, EstrattoDaDxf) {
+    radice.Scrivi(kCartella + "F120.EMP", Dati("estratti/realistico.EMP"));
+    radice.Scrivi("C:\\Rilievi\\rc_nc.dxf", Dati("casistiche/disegno_rc_nc.dxf"));
+    radice.Scrivi("C:\\Rilievi\\binario.dxf", Dati("casistiche/bin_dxf_r12.dxf"));
+    BV_EstrattiDiMappa1 f(s);
+    Seleziona(f, "F120.EMP");
+
+    // The dialog cancelled: its message, the list as it was.
+    Clic(&f, "Estratto da DXF");
+    ASSERT_FALSE(p.eventi.isEmpty());
+    EXPECT_EQ(p.Messaggi().value(0), "Seleziona Editor: Nessuna File selezionato!");
+    EXPECT_EQ(Voci(f.Lista()), QStringList{"F120.EMP"});
+    EXPECT_EQ(f.Selezionato(), "F120.EMP");
+
+    // A binary DXF is refused and nothing is written.
+    p.eventi.clear();
+    p.fileDaAprire = {"C:\\Rilievi\\binario.dxf"};
+    Clic(&f, "Estratto da DXF");
+    EXPECT_EQ(p.Messaggi(), QStringList{"Importa Polilinee da DXF: " + kDxfBinario});
+    EXPECT_FALSE(EsisteFile(kCartella + "ESTRATTOPROVVISORIO.EMP"));
+    EXPECT_EQ(f.Selezionato(), "F120.EMP");
+
+    // Layers RC and NC: the provisional extract, selected in the list and plotted.
+    p.eventi.clear();
+    p.fileDaAprire = {"C:\\Rilievi\\rc_nc.dxf"};
+    Clic(&f, "Estratto da DXF");
+    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join("\n").toStdString();
+    const auto apri = std::find_if(p.eventi.begin(), p.eventi.end(),
+                                   [](const Evento& e) { return e.tipo == "apri"; });
+    ASSERT_NE(apri, p.eventi.end());
+    EXPECT_EQ(apri->titolo, "Seleziona un File DXF");
+    EXPECT_EQ(radice.Leggi(kCartella + "ESTRATTOPROVVISORIO.EMP"),
+              Dati("casistiche/disegno_rc_nc.EMP"));
+    EXPECT_EQ(f.Selezionato(), "ESTRATTOPROVVISORIO.EMP");
+    EXPECT_EQ(f.Campo("autoallestito")->text(), "AUTOALLESTITO");
+    EXPECT_GT(f.grafica()->Modello().ContaPunti(), 0);
+    EXPECT_GT(f.grafica()->Modello().ContaLinee(), 0);
+    f.resize(1100, 700);
+    f.show();
+    QTest::qWait(50);
+    EXPECT_TRUE(f.grab().save("/tmp/estratti_da_dxf.png"));
 }
