@@ -1,8 +1,12 @@
 // A province's archives: a TAF of tens of thousands of fiducials read into the grid, and the
 // report of measured distances of a libretto's fiducials against a .DDD of a million lines.
+#include "BV_ElcoPfGriglia.h"
 #include "fiduciali.h"
 #include "generatore_taf.h"
 #include "supporto.h"
+
+#include <QApplication>
+#include <QTableView>
 
 #include <benchmark/benchmark.h>
 
@@ -23,6 +27,23 @@ static void BM_TafInGriglia(benchmark::State& st) {
     st.SetItemsProcessed(st.iterations() * st.range(0));
 }
 BENCHMARK(BM_TafInGriglia)->Arg(30000)->Arg(60000)->Unit(benchmark::kMillisecond);
+
+// The same into the grid's window, up to its first picture.
+static void BM_TafNelloSchermo(benchmark::State& st) {
+    RadiceProva radice;
+    std::mt19937 rng(1);
+    radice.Scrivi("C:\\fiducial\\DATI\\A001.TAF",
+                  AWindows1252(TafGenerata(int(st.range(0)), "A001", rng)));
+    PiattaformaFinta p;
+    Stato s(p);
+    for (auto _ : st) {
+        BV_ElcoPfGriglia griglia(s, "PADOVA", "ABANO TERME", "A001", LeggiTafComune(s, "A001"));
+        griglia.resize(1200, 700);
+        benchmark::DoNotOptimize(griglia.grab().size());
+    }
+    st.SetItemsProcessed(st.iterations() * st.range(0));
+}
+BENCHMARK(BM_TafNelloSchermo)->Arg(30000)->Arg(60000)->Unit(benchmark::kMillisecond);
 
 static void BM_MisurateDaLibretto(benchmark::State& st) {
     RadiceProva radice;
@@ -67,3 +88,12 @@ static void BM_CinquantaPFNellaTaf(benchmark::State& st) {
     for (auto _ : st) benchmark::DoNotOptimize(TrovaPFNellaTAF(s, codici).size());
 }
 BENCHMARK(BM_CinquantaPFNellaTaf)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

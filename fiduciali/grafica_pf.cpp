@@ -247,4 +247,42 @@ void CopiaPFNelDisegno(Stato& stato, const TabellaPF& t) {
     });
 }
 
+QString TestoDXFPF(const TabellaPF& t) {
+    QStringList r{QStringLiteral("  0"), QStringLiteral("SECTION"), QStringLiteral("  2"),
+                  QStringLiteral("ENTITIES")};
+    for (const RecordPF& p : t.record) {
+        r << QStringLiteral("  0") << QStringLiteral("POINT") << QStringLiteral("  8")
+          << QStringLiteral("Punti") << QStringLiteral(" 10") << Numero(p.est)
+          << QStringLiteral(" 20") << Numero(p.nord) << QStringLiteral(" 30")
+          << QStringLiteral("0");
+        r << QStringLiteral("  0") << QStringLiteral("TEXT") << QStringLiteral("  8")
+          << QStringLiteral("Nomi") << QStringLiteral(" 10") << Numero(p.est)
+          << QStringLiteral(" 20") << Numero(p.nord) << QStringLiteral(" 30") << QStringLiteral("0")
+          << QStringLiteral(" 40") << QStringLiteral("1") << QStringLiteral("  1") << p.codice;
+    }
+    for (const MisuraPF& m : t.misure) {
+        const RecordPF& a = t.record[m.da];
+        const RecordPF& b = t.record[m.a];
+        r << QStringLiteral("  0") << QStringLiteral("LINE") << QStringLiteral("  8")
+          << QStringLiteral("Linee") << QStringLiteral(" 10") << Numero(a.est)
+          << QStringLiteral(" 20") << Numero(a.nord) << QStringLiteral(" 30") << QStringLiteral("0")
+          << QStringLiteral(" 11") << Numero(b.est) << QStringLiteral(" 21") << Numero(b.nord)
+          << QStringLiteral(" 31") << QStringLiteral("0");
+    }
+    r << QStringLiteral("  0") << QStringLiteral("ENDSEC") << QStringLiteral("  0")
+      << QStringLiteral("EOF");
+    return Join(r, CRLF) + CRLF;
+}
+
+QString PercorsoDXFPF(const Stato& stato) {
+    return stato.amb.CartellaLavoro + QStringLiteral("\\GraficaPF.DXF");
+}
+
+bool SalvaDXFPF(Stato& stato, const TabellaPF& t) {
+    return ConTrappola(stato, QStringLiteral("SalvaDXFPF"), [&] {
+        CreaCartella(stato.amb.CartellaLavoro);
+        ScriviTesto(PercorsoDXFPF(stato), TestoDXFPF(t));
+    });
+}
+
 } // namespace tavolet

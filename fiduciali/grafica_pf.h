@@ -72,4 +72,10 @@ bool MettiDistanzeMisurate(Stato& stato, TabellaPF& t);
 QString TestoCopiaInFile(const TabellaPF& t);
 void CopiaPFNelDisegno(Stato& stato, const TabellaPF& t);
 
+// "Salva in DXF": the points on the layer "Punti", their codes on "Nomi", the measures on
+// "Linee", into CartellaLavoro\GraficaPF.DXF. False after the error report.
+QString TestoDXFPF(const TabellaPF& t);
+QString PercorsoDXFPF(const Stato& stato);
+bool SalvaDXFPF(Stato& stato, const TabellaPF& t);
+
 } // namespace tavolet

@@ -7,6 +7,7 @@
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
 #include "FormCatasto1TXT.h"
+#include "FormImportaFiduciali.h"
 #include "FormInformazioni.h"
 #include "FormRiordinoRighe.h"
 #include "Tipol10.h"
@@ -668,7 +669,14 @@ void BV_LibrettoOriginale::subModelloCensuario() {
     Comando([this] { subRiordinoRighe(stato_); });
     if (estratti) ApriEstratti();
 }
-void BV_LibrettoOriginale::ApriTaf() {}
+// The rows 8 of the libretto's fiducials from their TAF; the rows shown again on return, and
+// the change one step of undo.
+void BV_LibrettoOriginale::ApriTaf() {
+    LeggiSelezione();
+    AggiornaLibrettoMisure(stato_);
+    FormImportaFiduciali::Esegui(stato_, this);
+    MostraDocumento();
+}
 void BV_LibrettoOriginale::ApriDaPregeoDxf() {
     LeggiSelezione();
     AggiornaLibrettoMisure(stato_);

@@ -2,6 +2,7 @@
 
 #include "BV_Dapregeo.h"
 #include "BV_LibrettoOriginale.h"
+#include "BV_SelezionaMisurate.h"
 #include "FormCatasto1TXT.h"
 #include "FormConfiguraPregeo.h"
 #include "LibrettoDaDisegno.h"
@@ -78,14 +79,13 @@ void EseguiComando(Stato& stato, const QString& parola, const QString& parametro
         MisurateDa1PF(stato, parametro);
     } else if (p == u"INFO_MISURATE") {
         CalcolaMisuratePFDelDisegno(stato, stato.doc.PercorsoLibretto);
+    } else if (p == u"SELEZIONA_MISURATE") {
+        BV_SelezionaMisurate::Esegui(stato, parent);
     } else if (p == u"LIBRETTO_DA_DISEGNO") {
         LibrettoDaDisegnoDaComando(stato, parent);
     }
-    // ---- Words whose screens come with the fiducial part of the program. ----
-    // SELEZIONA_MISURATE:  BV_SelezionaMisurate as a dialog.
-    // Until their screens are wired here they do what any unknown word does: nothing, as
-    // IMPORT-INST_TAF-MISURATE and Unarvo2, which are meant for the sibling program.
-    // ---------------------------------------------------------------------------------------
+    // Any other word does nothing: IMPORT-INST_TAF-MISURATE and Unarvo2 are meant for the
+    // sibling program.
 }
 
 void InstallaComandi(Stato& stato, QWidget* parent) {
