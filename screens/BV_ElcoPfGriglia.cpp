@@ -55,7 +55,7 @@ BV_ElcoPfGriglia::BV_ElcoPfGriglia(Stato& stato, const QString& provincia, const
 
     auto* colonna = new QVBoxLayout(this);
     menu_ = new QMenuBar(this);
-    menu_->addAction(QStringLiteral("&Grafica"), this, [this] { Grafica(); });
+    menu_->addAction(QStringLiteral("&Grafica"), this, [this] { ApriGrafica(); });
     menu_->addAction(QStringLiteral("Stampa_selezione"), this, [this] { Stampa_selezione(); });
     menu_->addAction(QStringLiteral("Monografie"), this, [this] { Monografie(); })
         ->setObjectName(QStringLiteral("mnuMonografie"));
@@ -103,7 +103,7 @@ QAction* BV_ElcoPfGriglia::Voce(const QString& caption) const {
     return nullptr;
 }
 
-void BV_ElcoPfGriglia::Grafica() {
+void BV_ElcoPfGriglia::ApriGrafica() {
     QStringList codici;
     for (int r = 1; r < Griglia().size(); ++r) codici << Griglia()[r].value(0);
     BV_ElcoPFGrafica::Esegui(stato_, comune_, codici, this);

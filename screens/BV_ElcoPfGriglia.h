@@ -43,7 +43,7 @@ public:
     int UnitaBase() const;
 
     // The menu's commands.
-    void Grafica();
+    void ApriGrafica();
     void Stampa_selezione();
     void Monografie();
     // The registry's page of the point of that grid row (1 the first point).
