@@ -38,6 +38,8 @@ const Registra riscrivi(
      [](Contesto& c) {
          const QString in = Estratto1(c);
          const QString out = PercorsoArgomento(c.argomenti[1]);
+         // OUT is written over only from an input that is there.
+         if (!FileDiIngresso(c.piattaforma, in, false)) return 1;
          if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"), [&] { CopiaFile(in, out); }))
              return 1;
          Estratto e = EsplodiEstratto(c.stato, out);

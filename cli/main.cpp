@@ -80,7 +80,8 @@ bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
         // Positions hold up to the first option.
         if (parola.startsWith(u'[') || parola.startsWith(u'-')) break;
         if (parola.endsWith(QStringLiteral("..."))) {
-            if (parola != u"FILE..." && !parola.contains(u'.')) break;
+            // FILE... and names with an extension (IN.EMP...) are files; CODICE... is not.
+            if (parola != u"FILE..." && !parola.chopped(3).contains(u'.')) break;
             // Members of an archive may be empty; an option and its value are not files.
             for (qsizetype j = i; j < argomenti.size(); ++j) {
                 if (argomenti[j].startsWith(QStringLiteral("--"))) {

@@ -35,13 +35,25 @@ void ScriviConStorico(Stato& stato, const QString& percorso, const QString& test
             const QString base =
                 cartella + u'\\' + nome +
                 stato.piattaforma->Adesso().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-            QString copia = base;
-            for (int n = 1; EsisteFile(copia); ++n)
-                copia = base + QStringLiteral("-%1").arg(n, 3, 10, QChar(u'0'));
-            ScriviByte(copia, vecchi);
             QStringList versioni;
             for (const QString& f : QDir(PercorsoLocale(cartella)).entryList(QDir::Files))
                 if (f.startsWith(nome, Qt::CaseInsensitive)) versioni.append(f);
+            // Several saves in one second: the next number after the highest, so that the
+            // newest always sorts last even when the oldest have gone.
+            QString copia = base;
+            const QString radice = NomeDelFile(base);
+            int ultimo = -1; // -1: nothing of this second yet
+            for (const QString& f : versioni) {
+                if (f.compare(radice, Qt::CaseInsensitive) == 0)
+                    ultimo = std::max(ultimo, 0);
+                else if (f.size() == radice.size() + 4 &&
+                         f.startsWith(radice, Qt::CaseInsensitive) && f[radice.size()] == u'-')
+                    ultimo = std::max(ultimo, f.right(3).toInt());
+            }
+            if (ultimo >= 0)
+                copia = base + QStringLiteral("-%1").arg(ultimo + 1, 3, 10, QChar(u'0'));
+            ScriviByte(copia, vecchi);
+            versioni.append(NomeDelFile(copia));
             versioni.sort(Qt::CaseInsensitive);
             while (versioni.size() > 10) EliminaFile(cartella + u'\\' + versioni.takeFirst());
         }
