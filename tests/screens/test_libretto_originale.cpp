@@ -43,7 +43,7 @@ TEST_F(FormPrincipale, ApreIlLibrettoDemoConTitoloEContatore) {
     EXPECT_EQ(Etichetta("Estratto : "), "Estratto : G693_0012.EMP");
     EXPECT_EQ(Etichetta("Pregeo 10-G,STDA "), "Pregeo 10-G,STDA ");
     EXPECT_EQ(Etichetta("Nome del file : "), "Nome del file : C:\\LIBRETTI\\ESEMPIO.DAT");
-    EXPECT_EQ(form->findChild<QLineEdit*>("CodiceFiscaleTecnico")->text(), "BNCLCU70A01G224X");
+    EXPECT_EQ(form->findChild<QLineEdit*>("CodiceFiscaleTecnico")->text(), "BNCLCU70A01G224Q");
     EXPECT_EQ(form->findChild<QPlainTextEdit*>("TestoPossessori")->toPlainText(),
               "ROSSI MARIO NATO A PADOVA IL 01/01/1950\nVERDI ANNA PROPRIETA' PER 1/2\n");
     EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join("\n").toStdString();
