@@ -2,6 +2,7 @@
 
 #include "errore.h"
 #include "file_testo.h"
+#include "ponticello.h"
 #include "righe.h"
 #include "righe_censuarie.h"
 #include "shell.h"
@@ -86,11 +87,8 @@ void EsplodiAreeProposta(Stato& stato) {
     ConTrappola(stato, QStringLiteral("EsplodiAreeProposta"), [&] {
         DecoZeroNove(stato);
         stato.TagRoutine = QStringLiteral("EsplodiAreeProposta");
-        ShellInfinita(stato,
-                      stato.amb.CartellaProgramma +
-                          QStringLiteral("\\Ponticello.exe ESPORTA_TUTTO ") +
-                          stato.testata.AnnoProtocollo,
-                      0);
+        // The key here is the head's year and protocol as they stand.
+        ShellInfinita(stato, RigaEsportaTutto(stato, stato.testata.AnnoProtocollo), 0);
         stato.TagRoutine = QStringLiteral("EsplodiAreeProposta");
         const QString esportata =
             stato.amb.CartellaLavoro + QStringLiteral("\\TEMP\\ESPORTA_PROPOSTA.txt");

@@ -1,5 +1,6 @@
 #include "BV_EDM.h"
 
+#include "BV_CodFis.h"
 #include "BV_Fraziona.h"
 #include "BV_NuovaCostruzione.h"
 #include "BV_TMFusione.h"
@@ -172,7 +173,10 @@ BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
     });
     su(QStringLiteral("SN/SR"),
        [this] { campi_["Flag"]->setText(InvertiFlag(campi_["Flag"]->text())); });
-    // "C&omuni" needs the code search screen, "Trova &Qualità" has never had an action.
+    // The code search works on the current comune: the field's comune goes there first, and
+    // the chosen one comes back into the field.
+    su(QStringLiteral("C&omuni"), [this] { ScegliComune(false); });
+    // "Trova &Qualità" has never had an action.
     su(QStringLiteral("&Gestione Estratti"), [this] {
         estratti_ = true;
         accept();
@@ -185,6 +189,10 @@ BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
         const QList<QListWidgetItem*> trovati =
             archivio_->findItems(i->text(), Qt::MatchFixedString);
         if (!trovati.isEmpty()) archivio_->setCurrentItem(trovati.first());
+    });
+    // Enter in an empty Comune opens the search too; its choice comes back only when confirmed.
+    connect(campi_["Comune"], &QLineEdit::returnPressed, this, [this] {
+        if (campi_["Comune"]->text().isEmpty()) ScegliComune(true);
     });
     connect(campi_["Foglio"], &QLineEdit::editingFinished, this,
             [this] { campi_["Foglio"]->setText(NormalizzaFoglio(campi_["Foglio"]->text())); });
@@ -233,6 +241,13 @@ void BV_EDM::MostraCampi(const CampiParticella& c) {
     campi_["RedditoAgrario"]->setText(c.RedditoAgrario);
     campi_["Flag"]->setText(c.Flag);
     campi_["CodiceQualita"]->setText(c.CodiceQualita);
+}
+
+void BV_EDM::ScegliComune(bool soloConfermato) {
+    stato_.testata.CodiceComuneLibretto = campi_["Comune"]->text();
+    const bool confermato = BV_CodFis::Esegui(stato_, this) == 1;
+    if (confermato || !soloConfermato)
+        campi_["Comune"]->setText(stato_.testata.CodiceComuneLibretto);
 }
 
 void BV_EDM::ScegliFile(const QString& nome) {

@@ -41,6 +41,7 @@ private:
     void ScegliFile(const QString& nome);
     bool Scelta(bool conMessaggio);
     void MostraCampi(const CampiParticella& c);
+    void ScegliComune(bool soloConfermato);
 
     Stato& stato_;
     QString modello_ = QStringLiteral("*.MAP");

@@ -1,4 +1,5 @@
 // The censuary screens clicked by caption on the offscreen platform.
+#include "BV_CodFis.h"
 #include "BV_EDM.h"
 #include "BV_Fraziona.h"
 #include "BV_NuovaCostruzione.h"
@@ -16,6 +17,7 @@
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -116,8 +118,9 @@ TEST_F(SchermiCensuario, ArchivioParticelle) {
     EXPECT_EQ(edm.Campo("Flag")->text(), QStringLiteral("SR"));
     edm.Campo("RedditoDominicale")->setText(QStringLiteral("99,5"));
     Premi(edm.Pulsante(QStringLiteral("Archivia Modifiche Particella")));
-    EXPECT_EQ(radice.Leggi(CartellaParticelle(s) + QStringLiteral("A001_00012_35.MAP")),
-              QByteArray("6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|99.5|120.50|SR|\r\n"));
+    EXPECT_EQ(
+        radice.Leggi(CartellaParticelle(s) + QStringLiteral("A001_00012_35.MAP")).toStdString(),
+        "6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|99.5|80.25|SR|\r\n");
     Foto(&edm, QStringLiteral("BV_EDM_scelta"));
     // Generation from an extract that is not associated.
     Premi(edm.Pulsante(QStringLiteral("Genera Particelle da Estratto")));
@@ -125,6 +128,30 @@ TEST_F(SchermiCensuario, ArchivioParticelle) {
               QStringLiteral("Estratto non Associato: Estratto NON Associato!"));
     EXPECT_FALSE(
         edm.Pulsante(QStringLiteral("Genera Particelle da Fraz. in Censuario"))->isEnabled());
+    // "C&omuni": the code chosen in the search comes back into the field; Enter in an empty
+    // field opens the search, and closing it without a choice leaves the field empty.
+    QString scelto;
+    QTimer::singleShot(0, [&] {
+        auto* codfis = qobject_cast<BV_CodFis*>(QApplication::activeModalWidget());
+        ASSERT_NE(codfis, nullptr);
+        ASSERT_GT(codfis->Lista()->count(), 0);
+        Clic(codfis->Lista(), 0, true);
+        scelto = codfis->Codice()->text();
+    });
+    Premi(edm.Pulsante(QStringLiteral("C&omuni")));
+    EXPECT_FALSE(scelto.isEmpty());
+    EXPECT_EQ(edm.Campo("Comune")->text(), scelto);
+    edm.Campo("Comune")->clear();
+    bool aperta = false;
+    QTimer::singleShot(0, [&] {
+        auto* codfis = qobject_cast<BV_CodFis*>(QApplication::activeModalWidget());
+        aperta = codfis != nullptr;
+        if (codfis) codfis->Lista()->setCurrentRow(1), codfis->reject();
+    });
+    edm.Campo("Comune")->setFocus();
+    QTest::keyClick(edm.Campo("Comune"), Qt::Key_Return);
+    EXPECT_TRUE(aperta);
+    EXPECT_EQ(edm.Campo("Comune")->text(), QString());
     Premi(edm.Pulsante(QStringLiteral("&Gestione Estratti")));
     EXPECT_TRUE(edm.ChiedeEstratti());
 }
