@@ -167,7 +167,8 @@ TEST_F(SchermoEstratti, SommaEAutoallestito) {
         EXPECT_EQ(radice.Leggi(kCartella + "AB.PNG"), "png");
         EXPECT_EQ(LeggiTesto(kCartella + "AB.emp").count("\r\n8|"), 5);
     }
-    // The self-made result completed by hand; job type 22 forces FABB PROMIS.
+    // The self-made result completed by hand; job type 22 forces FABB PROMIS. The province
+    // is the one of the head as read, "0" in a sum.
     CompletaAutoallestito c(s, "AB.emp", "22");
     EXPECT_EQ(c.windowTitle(), "Completa Autoallestito - AB.emp");
     ASSERT_EQ(c.Lista()->count(), 2);
@@ -182,7 +183,7 @@ TEST_F(SchermoEstratti, SommaEAutoallestito) {
     c.RicalcolaAutoAllestito();
     Clic(&c, "Salva");
     const QString salvato = LeggiTesto(kCartella + "AB.emp");
-    EXPECT_TRUE(salvato.startsWith("0|AUTOALLESTITO||A001|00120|1,2||")) << salvato.toStdString();
+    EXPECT_TRUE(salvato.startsWith("0|AUTOALLESTITO|0|A001|00120|1,2|0|")) << salvato.toStdString();
     EXPECT_TRUE(salvato.contains("\r\n6|PARTICELLA|1|00|FABB PROMIS |120|120|||SN|\r\n"));
 }
 
