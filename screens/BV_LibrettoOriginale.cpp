@@ -3,6 +3,7 @@
 #include "BV_Dapregeo.h"
 #include "BV_EDM.h"
 #include "BV_EditorGen.h"
+#include "BV_ElcoPf.h"
 #include "BV_EstrattiDiMappa1.h"
 #include "EseguiComando.h"
 #include "FormAssegnaDescrizione.h"
@@ -166,6 +167,9 @@ void BV_LibrettoOriginale::CostruisciMenu() {
               [this] { CreaCollegamentiPregeo(stato_); });
     NuovaVoce(utilita, QStringLiteral("Info Misurate PF"), [this] { InfoMisuratePF(); });
     NuovaVoce(utilita, QStringLiteral("Ricarica da Storico"));
+    // The browser of the TAF archive has no entry of its own in Pregeo's tools; here it has one.
+    NuovaVoce(utilita, QStringLiteral("Archivio Punti Fiduciali TAF"),
+              [this] { BV_ElcoPf::Esegui(stato_, this); });
 
     QAction* estratti = barra->addAction(QStringLiteral("Estratti di Mappa"));
     connect(estratti, &QAction::triggered, this, [this] { ApriEstratti(); });

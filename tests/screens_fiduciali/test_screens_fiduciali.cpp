@@ -411,6 +411,13 @@ TEST_F(SchermiFiduciali, ImportaFiducialiDalFormPrincipale) {
     // archive.
     p.eventi.clear();
     form.Voce("Utilità", "Info Misurate PF")->trigger();
+    bool browser = false;
+    QuandoSiApre<BV_ElcoPf>([&](BV_ElcoPf* f) {
+        browser = true;
+        f->close();
+    });
+    form.Voce("Utilità", "Archivio Punti Fiduciali TAF")->trigger();
+    EXPECT_TRUE(browser);
     const QString misurate = LeggiTesto(PercorsoFileMisurate(s));
     EXPECT_TRUE(misurate.contains("PF01/0100/A001 - PF03/0100/A001 ")) << misurate.toStdString();
     EXPECT_TRUE(misurate.contains("( Media )"));
