@@ -208,7 +208,6 @@ bool StampaSelezioneTaf(Stato& stato, const QList<QStringList>& griglia, int da,
         ScriviTesto(stelo + QStringLiteral(".CSV"), TestoCsv(scelte));
         ScriviTesto(stelo + QStringLiteral(".TXT"),
                     TestoColonne(IntestazioniGriglia(), corpo, kLarghezzeStampaTaf));
-        stato.piattaforma->ApriConProgramma(stelo + QStringLiteral(".TXT"));
         fatto = true;
     });
     return fatto;

@@ -1,9 +1,12 @@
 #include "BV_ElcoPfGriglia.h"
 
 #include "BV_ElcoPFGrafica.h"
+#include "BV_StampaGenerale.h"
 #include "EseguiComando.h"
 #include "posizione.h"
 
+#include "errore.h"
+#include "file_testo.h"
 #include "grafica_pf.h"
 #include "stato.h"
 #include "testo.h"
@@ -120,7 +123,13 @@ void BV_ElcoPfGriglia::Stampa_selezione() {
             a = std::max(a, i.row() + 1);
         }
     }
-    StampaSelezioneTaf(stato_, Griglia(), da, a);
+    if (!StampaSelezioneTaf(stato_, Griglia(), da, a)) return;
+    // The columns in a fixed pitch go to the print screen, with the files as its report.
+    const QString stelo = stato_.amb.CartellaLavoro + QStringLiteral("\\temp\\Stampa_TAF");
+    QStringList righe;
+    ConTrappola(stato_, QStringLiteral("Stampa_selezione"),
+                [&] { righe = LeggiRighe(stelo + QStringLiteral(".TXT")); });
+    BV_StampaGenerale::Esegui(stato_, righe, QStringLiteral("Stampa_TAF.TXT"), stelo, this);
 }
 
 void BV_ElcoPfGriglia::Monografie() {

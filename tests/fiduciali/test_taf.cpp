@@ -98,9 +98,8 @@ TEST_F(Taf, StampaSelezioneGolden) {
     const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_TAF";
     ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_TAF.CSV");
     ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_TAF.TXT");
-    ASSERT_FALSE(p.eventi.isEmpty());
-    EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
-    EXPECT_TRUE(p.eventi.last().testo.endsWith("Stampa_TAF.TXT"));
+    // Showing them is the screen's business: nothing is opened from here.
+    EXPECT_TRUE(p.eventi.isEmpty());
 }
 
 TEST(GrigliaTaf, Monografia) {

@@ -5,6 +5,7 @@
 #include "BV_ElcoPfGriglia.h"
 #include "BV_LibrettoOriginale.h"
 #include "BV_SelezionaMisurate.h"
+#include "BV_StampaGenerale.h"
 #include "EseguiComando.h"
 #include "FormImportaFiduciali.h"
 #include "Grafica.h"
@@ -174,13 +175,21 @@ TEST_F(SchermiFiduciali, GrigliaColonneStampaEMonografia) {
                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
     sel->select(g.Tabella()->model()->index(1, 0),
                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    // The columns reach the print screen, header first.
+    QStringList stampate;
+    QString titolo;
+    QuandoSiApre<BV_StampaGenerale>([&](BV_StampaGenerale* f) {
+        stampate = f->TestoRighe();
+        titolo = f->windowTitle();
+        f->close();
+    });
     g.Voce("Stampa_selezione")->trigger();
     const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_TAF";
     ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_TAF.CSV");
     ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_TAF.TXT");
-    ASSERT_FALSE(p.eventi.isEmpty());
-    EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
-    EXPECT_TRUE(p.eventi.last().testo.endsWith("Stampa_TAF.TXT"));
+    EXPECT_EQ(stampate, RigheDiTesto(LeggiTesto(stelo + ".TXT")));
+    EXPECT_EQ(stampate.value(0).left(3), "PF ");
+    EXPECT_EQ(titolo, "Stampe : Stampa_TAF.TXT");
     g.grab().save("/tmp/bv_elcopfgriglia.png");
 
     // The monograph of the point double-clicked, on the registry's page.
