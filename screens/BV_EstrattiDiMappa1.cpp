@@ -1,16 +1,9 @@
 #include "BV_EstrattiDiMappa1.h"
 
 #include "Anteprima.h"
-#include "BV_SommaEstratti.h"
-// The frazionamento screen and the general print screen come with their own parts.
-#if __has_include("BV_Fraziona.h")
 #include "BV_Fraziona.h"
-#define TAVOLET_FRAZIONA 1
-#endif
-#if __has_include("BV_StampaGenerale.h")
+#include "BV_SommaEstratti.h"
 #include "BV_StampaGenerale.h"
-#define TAVOLET_STAMPA_GENERALE 1
-#endif
 #include "Grafica.h"
 #include "posizione.h"
 
@@ -370,18 +363,12 @@ void BV_EstrattiDiMappa1::StampaEmp() {
     if (!ConTrappola(stato_, QStringLiteral("StampaEMP"),
                      [&] { righe = LeggiRighe(CartellaEstratti(stato_) + Selezionato()); }))
         return;
-#ifdef TAVOLET_STAMPA_GENERALE
     BV_StampaGenerale::Esegui(stato_, righe, Selezionato(), {}, this);
-#else
-    stato_.piattaforma->StampaTesto(Selezionato(), Join(righe, CRLF), Carattere{});
-#endif
 }
 
 void BV_EstrattiDiMappa1::GestioneCensuario() {
     close();
-#ifdef TAVOLET_FRAZIONA
     BV_Fraziona::Esegui(stato_, parentWidget());
-#endif
 }
 
 void BV_EstrattiDiMappa1::AzzeraDitteEstratto() {

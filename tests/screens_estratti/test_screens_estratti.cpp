@@ -1,6 +1,7 @@
 // The archive of extracts, clicked by caption on the offscreen platform.
 #include "BV_EstrattiDiMappa1.h"
 #include "BV_SommaEstratti.h"
+#include "BV_StampaGenerale.h"
 #include "CompletaAutoallestito.h"
 #include "Grafica.h"
 #include "archivio.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -137,6 +139,17 @@ TEST_F(SchermoEstratti, EsempiTestaComandiEPng) {
     Clic(&f, "Associa Estratto");
     EXPECT_EQ(s.doc.NomeEstratto, "F120.EMP");
     Clic(&f, "Verifica Estratti");
+    // "Stampa EMP": the rows of the extract in the print screen.
+    QStringList stampate;
+    QTimer::singleShot(0, [&] {
+        if (auto* st = qobject_cast<BV_StampaGenerale*>(QApplication::activeModalWidget())) {
+            stampate = st->TestoRighe();
+            st->close();
+        }
+    });
+    Clic(&f, "Stampa EMP");
+    EXPECT_EQ(stampate, LeggiRighe(kCartella + "F120.EMP"));
+    EXPECT_FALSE(stampate.isEmpty());
 
     f.close();
     EXPECT_FALSE(EsisteFile(s.amb.CartellaLavoro + "\\TEMP\\TavoAnte1.png"));
