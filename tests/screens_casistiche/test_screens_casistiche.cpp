@@ -9,7 +9,6 @@
 #include "piattaforma_finta.h"
 #include "stampa.h"
 #include "supporto.h"
-#include "traduzioni.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -29,23 +28,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-class AmbienteQt : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char nome[] = "test_screens_casistiche";
-        static char* argv[] = {nome, nullptr};
-        app_ = new QApplication(argc, argv);
-        InstallaTraduzioniItaliane();
-    }
-    void TearDown() override { delete app_; }
-
-private:
-    QApplication* app_ = nullptr;
-};
-
-[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
 
 QPushButton* Pulsante(QWidget* w, const QString& caption) {
     for (QPushButton* b : w->findChildren<QPushButton*>())

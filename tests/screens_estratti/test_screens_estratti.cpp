@@ -26,22 +26,6 @@ using namespace tavolet::test;
 
 namespace {
 
-class AmbienteQt : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char nome[] = "test_screens_estratti";
-        static char* argv[] = {nome, nullptr};
-        app_ = new QApplication(argc, argv);
-    }
-    void TearDown() override { delete app_; }
-
-private:
-    QApplication* app_ = nullptr;
-};
-
-[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
-
 QPushButton* Pulsante(QWidget* w, const QString& caption) {
     for (QPushButton* b : w->findChildren<QPushButton*>())
         if (b->text() == caption) return b;

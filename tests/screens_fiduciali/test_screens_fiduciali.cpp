@@ -35,22 +35,6 @@ using namespace tavolet::test;
 
 namespace {
 
-class AmbienteQt : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char nome[] = "test_screens_fiduciali";
-        static char* argv[] = {nome, nullptr};
-        app_ = new QApplication(argc, argv);
-    }
-    void TearDown() override { delete app_; }
-
-private:
-    QApplication* app_ = nullptr;
-};
-
-[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
-
 // Runs fai on the first modal window of kind T that opens (within five seconds).
 template <class T> void QuandoSiApre(std::function<void(T*)> fai) {
     auto* timer = new QTimer;

@@ -23,22 +23,6 @@ using namespace tavolet::test;
 
 namespace {
 
-class AmbienteQt : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char nome[] = "test_screens_pregeo";
-        static char* argv[] = {nome, nullptr};
-        app_ = new QApplication(argc, argv);
-    }
-    void TearDown() override { delete app_; }
-
-private:
-    QApplication* app_ = nullptr;
-};
-
-[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
-
 struct SchermiPregeo : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();

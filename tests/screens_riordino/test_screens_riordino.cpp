@@ -6,7 +6,6 @@
 #include "piattaforma_finta.h"
 #include "riordino.h"
 #include "supporto.h"
-#include "traduzioni.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -23,23 +22,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-class AmbienteQt : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char nome[] = "test_screens_riordino";
-        static char* argv[] = {nome, nullptr};
-        app_ = new QApplication(argc, argv);
-        InstallaTraduzioniItaliane();
-    }
-    void TearDown() override { delete app_; }
-
-private:
-    QApplication* app_ = nullptr;
-};
-
-[[maybe_unused]] auto* const ambiente = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
 
 QPushButton* Pulsante(QWidget* w, const QString& caption) {
     for (QPushButton* b : w->findChildren<QPushButton*>())
