@@ -16,6 +16,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
 using namespace tavolet;
 
 namespace {
@@ -123,3 +127,23 @@ BENCHMARK(UnisciEstratti)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond)
 BENCHMARK(LeggiEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ScriviEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ZipDieciMega)->Unit(benchmark::kMillisecond);
+
+// "bench_estratti --scrivi FILE [VERTICI]" only writes the generated extract (100,000 vertices
+// unless told), for timing tavolet-cli against cp on it; anything else runs the benchmarks.
+int main(int argc, char** argv) {
+    if (argc >= 3 && std::string_view(argv[1]) == "--scrivi") {
+        const int vertici = argc >= 4 ? std::atoi(argv[3]) : 100000;
+        QFile f(QString::fromLocal8Bit(argv[2]));
+        if (vertici <= 0 || !f.open(QIODevice::WriteOnly) ||
+            f.write(AWindows1252(Testo(vertici))) < 0) {
+            std::fprintf(stderr, "non scritto: %s\n", argv[2]);
+            return 1;
+        }
+        return 0;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

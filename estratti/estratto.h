@@ -61,6 +61,13 @@ std::optional<QString> ComponiEstratto(Stato& stato, Estratto& e);
 // old file is then untouched.
 bool SalvaEstratto1(Stato& stato, Estratto& e);
 
+// EsplodiEstratto and then SalvaEstratto1, with the same bytes and the same reports, without
+// holding the extract as rows of text when the file allows it (plain rows, ascending ids "<n>%").
+bool RiscriviEstratto(Stato& stato, const QString& nome);
+// The same from the extract da to the file a, as a copy of da rewritten in place, when the file
+// allows that way; false when it does not, and then nothing has been written.
+bool RiscriviEstrattoIn(Stato& stato, const QString& da, const QString& a);
+
 // Reads, drops the vertices no ring uses, writes back.
 void PulisciEstratto(Stato& stato, const QString& nome);
 // Removes the rings whose label is nome, then the vertices left without a ring.

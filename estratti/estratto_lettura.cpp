@@ -19,7 +19,9 @@ namespace {
 
 const QString kTag = QStringLiteral("EsplodiEstratto");
 
-void InstradaSei(Estratto& e, const QString& riga) {
+} // namespace
+
+void estratti::InstradaSei(Estratto& e, const QString& riga) {
     if (riga.startsWith(u"6|DIST")) {
         // "6|DISTORSIONE|" lands here too: this test comes first.
         e.DISTANZA.append(riga);
@@ -39,6 +41,8 @@ void InstradaSei(Estratto& e, const QString& riga) {
         e.ALTRO.append(riga);
     }
 }
+
+namespace {
 
 void InstradaOtto(Estratto& e, const QString& riga) {
     // Field 1 read in place: a split of every row into fresh strings costs more than the rest.
@@ -99,8 +103,10 @@ void DividiSette(Estratto& e) {
     e.List1.clear();
 }
 
+} // namespace
+
 // A row whose third character is "0" goes on the row before it, from its fifth character.
-void UnisciLinee(Estratto& e) {
+void estratti::UnisciLinee(Estratto& e) {
     QStringList unite;
     QStringList portati;
     for (qsizetype i = e.Linee.size() - 1; i >= 0; --i) {
@@ -119,7 +125,7 @@ void UnisciLinee(Estratto& e) {
     e.Linee = unite;
 }
 
-int Mesi(const QString& ddmmyyyy, const QDate& oggi) {
+int estratti::MesiEstratto(const QString& ddmmyyyy, const QDate& oggi) {
     const QString anno = Mid(ddmmyyyy, 5, 4), mese = Mid(ddmmyyyy, 3, 2),
                   giorno = Left(ddmmyyyy, 2);
     auto numero = [](const QString& s, int cifre) {
@@ -133,6 +139,8 @@ int Mesi(const QString& ddmmyyyy, const QDate& oggi) {
     return (oggi.year() - data.year()) * 12 + oggi.month() - data.month();
 }
 
+namespace {
+
 void Testa(Stato& stato, Estratto& e) {
     e.EstrattoPercorso = e.Percorso;
     e.EstrattoRigaZero = Voce(e.ZERO, 0);
@@ -145,7 +153,7 @@ void Testa(Stato& stato, Estratto& e) {
     // A self-made extract counts its age from this date, so it always reads as expired.
     if (data == u"AUTOALLESTITO") data = QStringLiteral("01122009");
     e.EstrattoData = data;
-    e.EstrattoMesi = Mesi(data, stato.piattaforma->Adesso().date());
+    e.EstrattoMesi = MesiEstratto(data, stato.piattaforma->Adesso().date());
 }
 
 // Field 3 of a row, read in place; error 9 when the row has fewer fields.

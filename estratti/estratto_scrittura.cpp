@@ -236,15 +236,17 @@ void Arrotonda(Estratto& e) {
     }
 }
 
-void Toponimi(Estratto& e) {
+} // namespace
+
+void estratti::RinumeraToponimi(Estratto& e, qsizetype punti) {
     for (qsizetype i = 0; i < e.Toponimi.size(); ++i)
-        e.Toponimi[i] = ConCampoUno(e.Toponimi[i], QString::number(i + 1 + e.Punti.size()) + u'T');
+        e.Toponimi[i] = ConCampoUno(e.Toponimi[i], QString::number(i + 1 + punti) + u'T');
 }
 
 // Step 9: the direction keeps a new number from being caught by a later replacement.
-void PuntiLinee(Estratto& e) {
+void estratti::RinumeraPuntiLinee(Estratto& e, qsizetype punti) {
     if (e.PLinee.isEmpty()) return;
-    const qsizetype base = e.Punti.size() + e.Toponimi.size();
+    const qsizetype base = punti + e.Toponimi.size();
     const qsizetype conta = e.PLinee.size();
     const double primo = Val(Campo(Split(e.PLinee[0], kBarra), 1));
     const bool indietro = primo <= double(base + conta);
@@ -261,6 +263,8 @@ void PuntiLinee(Estratto& e) {
     }
     e.Linee = SostituisciCampi(e.Linee, coppie);
 }
+
+namespace {
 
 // Step 11: at most ten ids a row; the tail stays on the first row, continuation rows end "NC|".
 void Anelli(Estratto& e) {
@@ -370,9 +374,9 @@ QString Componi(Stato& stato, Estratto& e) {
     QString testo;
     testo += Voce(e.ZERO, 0) + CRLF;
     Stampa(testo, e.Punti);
-    Toponimi(e);
+    RinumeraToponimi(e, e.Punti.size());
     Stampa(testo, e.Toponimi);
-    PuntiLinee(e);
+    RinumeraPuntiLinee(e, e.Punti.size());
     Stampa(testo, e.PLinee);
     Stampa(testo, e.PF);
     Anelli(e);

@@ -5,6 +5,7 @@
 #include "estratto.h"
 #include "testo.h"
 
+#include <QDate>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -62,6 +63,16 @@ QHash<QString, int> IndicePunti(const QStringList& punti);
 
 // The area routine with a ready index; throws Errore(9) past the vertex tables.
 void AreaRigaSette(Estratto& e, const QString& riga, const QHash<QString, int>& indice);
+
+// Pieces of the reader: a row 6 to its list (and the text globals), the free lines merged, the
+// age in calendar months of a date ddmmyyyy (error 13 when it is not one).
+void InstradaSei(Estratto& e, const QString& riga);
+void UnisciLinee(Estratto& e);
+int MesiEstratto(const QString& ddmmyyyy, const QDate& oggi);
+// Pieces of the writer: toponyms and free-line points numbered behind the given count of
+// vertices, the free lines following theirs.
+void RinumeraToponimi(Estratto& e, qsizetype punti);
+void RinumeraPuntiLinee(Estratto& e, qsizetype punti);
 
 // The writer's body: throws, moves TagRoutine along.
 QString Componi(Stato& stato, Estratto& e);
