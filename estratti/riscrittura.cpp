@@ -41,8 +41,8 @@ struct Tratto {
 // rows themselves are visited again only to be written.
 struct Punto {
     quint64 chiave;
-    quint32 inizio, lunghezza;
-    qint64 numero;
+    quint32 inizio; // the row runs to the line end
+    qint32 numero;
     double nord, est;
 };
 
@@ -183,7 +183,7 @@ public:
         Metti(Riga(zero_));
         Metti("\r\n");
         for (size_t k = 0; k < punti_.size(); ++k) {
-            const Byte riga = Riga({punti_[k].inizio, punti_[k].lunghezza});
+            const Byte riga = RigaDi(punti_[k]);
             const size_t barra = Barra(riga, 2);
             char numero[24];
             const auto r = std::to_chars(numero, numero + sizeof numero, k + 1);
@@ -211,6 +211,14 @@ public:
 private:
     Byte Riga(Tratto t) const {
         return Byte(dati_.constData() + t.inizio, size_t(t.lunghezza));
+    }
+    // A row of Punti, up to its line end.
+    Byte RigaDi(const Punto& p) const {
+        const char* d = dati_.constData();
+        const qsizetype n = dati_.size();
+        qsizetype fine = p.inizio;
+        while (fine < n && d[fine] != '\r' && d[fine] != '\n') ++fine;
+        return Byte(d + p.inizio, size_t(fine - p.inizio));
     }
     QString Testo(Tratto t) const {
         return DaWindows1252(QByteArray::fromRawData(dati_.constData() + t.inizio, t.lunghezza));
@@ -280,7 +288,7 @@ private:
             if (static_cast<unsigned char>(c) >= 128) throw NonAdatto{};
             barre += c == '|';
         }
-        if (barre < 3 || t.inizio > 0xFFFFFFFFLL || t.lunghezza > 0xFFFFFFFFLL) throw NonAdatto{};
+        if (barre < 3) throw NonAdatto{};
         char dieci[10];
         Dieci(id, dieci);
         quint64 chiave = 0;
@@ -289,7 +297,8 @@ private:
         Byte corto(dieci, 10);
         while (!corto.empty() && corto.front() == ' ') corto.remove_prefix(1);
         while (!corto.empty() && corto.back() == ' ') corto.remove_suffix(1);
-        Punto p{chiave, quint32(t.inizio), quint32(t.lunghezza), NumeroId(corto, 11), 0, 0};
+        const qint64 numero = NumeroId(corto, 11);
+        Punto p{chiave, quint32(t.inizio), numero <= 0x7FFFFFFF ? qint32(numero) : -1, 0, 0};
         p.nord = Campo(riga, 2, &p.est);
         punti_.push_back(p);
     }
@@ -404,9 +413,8 @@ private:
     // The vertices in text order of their rows with the id right-aligned; then the renumbering
     // table: ascending ids "<n>%" only, or the long way.
     void Ordina() {
-        const char* d = dati_.constData();
         auto resto = [&](const Punto& p, char* dieci) {
-            const Byte riga(d + p.inizio, p.lunghezza);
+            const Byte riga = RigaDi(p);
             size_t fine = Barra(riga, 2);
             Dieci(riga.substr(2, fine - 2), dieci);
             return riga.substr(fine);
