@@ -128,6 +128,16 @@ public:
         const char* d = dati_.constData();
         const qsizetype n = dati_.size();
         if (n > 0xFFFFFFFFLL) throw NonAdatto{}; // positions are kept in 32 bits
+        // Room for the rows 8 and 7 at once: a growing list would hold two copies for a while.
+        size_t otto = 0, sette = 0;
+        for (qsizetype k = 0; k < n; ++k) {
+            if (k > 0 && d[k - 1] != '\n' && d[k - 1] != '\r') continue;
+            otto += d[k] == '8';
+            sette += d[k] == '7';
+        }
+        punti_.reserve(otto);
+        sette_.reserve(sette);
+        anelli_.reserve(sette);
         qsizetype i = 0;
         bool prima = true;
         while (i < n) {
