@@ -197,7 +197,8 @@ public:
         Metti("\r\n");
         for (size_t k = 0; k < punti_.size(); ++k) {
             // The rows are visited out of the file's order: ask for the next ones early.
-            if (k + 16 < punti_.size()) __builtin_prefetch(dati_.constData() + punti_[k + 16].inizio);
+            if (k + 16 < punti_.size())
+                __builtin_prefetch(dati_.constData() + punti_[k + 16].inizio);
             const Byte riga = RigaDi(punti_[k]);
             const size_t barra = Barra(riga, 2);
             char numero[24];
@@ -224,9 +225,7 @@ public:
     }
 
 private:
-    Byte Riga(Tratto t) const {
-        return Byte(dati_.constData() + t.inizio, size_t(t.lunghezza));
-    }
+    Byte Riga(Tratto t) const { return Byte(dati_.constData() + t.inizio, size_t(t.lunghezza)); }
     // A row of Punti, up to its line end.
     Byte RigaDi(const Punto& p) const {
         const char* d = dati_.constData();
@@ -348,8 +347,8 @@ private:
                 Togli(pezzo, "7|0|");
                 Togli(pezzo, "NC|");
                 if (riga.size() >= 7 && riga.substr(4, riga.size() - 7) == pezzo) {
-                    portati.push_back({sette_[size_t(i)].inizio + 4, qsizetype(pezzo.size()),
-                                       false});
+                    portati.push_back(
+                        {sette_[size_t(i)].inizio + 4, qsizetype(pezzo.size()), false});
                 } else {
                     portati.push_back({qsizetype(propri_.size()), qsizetype(pezzo.size()), true});
                     propri_ += pezzo;
@@ -401,7 +400,8 @@ private:
         bool primaCambiata = false, primoCampo = true;
         while (true) {
             const size_t barra = Barra(riga, inizio);
-            const Byte campo = riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio);
+            const Byte campo =
+                riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio);
             int n = 0;
             if (!primoCampo && barra != Byte::npos) {
                 const qint64 id = NumeroId(campo, 11);
@@ -504,7 +504,8 @@ private:
         double area = aree_[a];
         const bool isola = nome.find('-') != Byte::npos || nome.find('+') != Byte::npos;
         if (!isola && a + 1 < anelli_.size()) {
-            const auto it = perNome_.empty() ? perNome_.end() : perNome_.find(std::string(nome) + '-');
+            const auto it =
+                perNome_.empty() ? perNome_.end() : perNome_.find(std::string(nome) + '-');
             if (it != perNome_.end())
                 for (size_t j : it->second)
                     if (j > a) area = area - aree_[j];

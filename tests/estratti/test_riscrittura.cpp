@@ -133,8 +133,8 @@ TEST(RiscriviEstratto, UgualeALetturaESalvataggioSuRigheStrane) {
         {"a capo LF", QString(base).replace(QStringLiteral("\r\n"), QStringLiteral("\n")), true},
         {"a capo CR", QString(base).replace(QStringLiteral("\r\n"), QStringLiteral("\r")), true},
         {"senza a capo finale", base.chopped(2), true},
-        {"righe vuote", QString(base).replace(QStringLiteral("\r\n7|"), QStringLiteral("\r\n\r\n7|")),
-         true},
+        {"righe vuote",
+         QString(base).replace(QStringLiteral("\r\n7|"), QStringLiteral("\r\n\r\n7|")), true},
         {"dieci e undici id", testa + punti + anello(10) + anello(11) + anello(21) + inquadramento,
          true},
         {"anelli corti", testa + punti + "7|5|NC|9|9|1|\r\n7|12345|NC|a|b|c|\r\n7|3|1%|NC|x|\r\n",
@@ -142,13 +142,16 @@ TEST(RiscriviEstratto, UgualeALetturaESalvataggioSuRigheStrane) {
         {"riga 7 senza coda", testa + punti + "7|3|1%|\r\n", false},
         {"riga 7 di sola coda", testa + punti + "7|3|1%|2%|\r\n", true},
         {"continuazioni strane",
-         testa + punti + "7|0|1%|NC|\r\n7|7|1%|2%|NC|8|8|1|\r\n7|0|17|0|3%|NC|4%|NC|\r\n"
-                         "7|0||5%|1%|NC|\r\n7|00|2%|\r\n" + inquadramento,
+         testa + punti +
+             "7|0|1%|NC|\r\n7|7|1%|2%|NC|8|8|1|\r\n7|0|17|0|3%|NC|4%|NC|\r\n"
+             "7|0||5%|1%|NC|\r\n7|00|2%|\r\n" +
+             inquadramento,
          true},
         {"isole",
-         testa + punti + "7|5|1%|2%|5%|4%|1%|NC|9|9|1|\r\n7|4|1%|2%|3%|1%|NC|9-|9-|1|\r\n"
-                         "7|4|2%|5%|4%|2%|NC|9+|9+|1|\r\n7|4|1%|2%|3%|1%|NC|9-|9-|1|\r\n"
-                         "7|5|1%|2%|5%|4%|1%|NC|9|9|1|\r\n",
+         testa + punti +
+             "7|5|1%|2%|5%|4%|1%|NC|9|9|1|\r\n7|4|1%|2%|3%|1%|NC|9-|9-|1|\r\n"
+             "7|4|2%|5%|4%|2%|NC|9+|9+|1|\r\n7|4|1%|2%|3%|1%|NC|9-|9-|1|\r\n"
+             "7|5|1%|2%|5%|4%|1%|NC|9|9|1|\r\n",
          true},
         {"id ripetuti in fila", testa + punti + "7|6|1%|1%|1%|2%|5%|1%|NC|1%|2%|3%|\r\n", true},
         {"lettere accentate negli anelli",
@@ -172,10 +175,11 @@ TEST(RiscriviEstratto, UgualeALetturaESalvataggioSuRigheStrane) {
         {"coordinate strane", testa + "8|1%|1e3|.5|\r\n8|2%|+7|1,5|\r\n8|3%|x|-0|\r\n" + anello(4),
          true},
         {"linee libere",
-         testa + punti + "8|90L|1|1|\r\n8|91L|2|2|\r\n8|92T|3|3|0.5|Via|\r\n"
-                         "7|3|90L|91L|90L|NC||||\r\n7|0|91L|\r\n" + anello(4),
+         testa + punti +
+             "8|90L|1|1|\r\n8|91L|2|2|\r\n8|92T|3|3|0.5|Via|\r\n"
+             "7|3|90L|91L|90L|NC||||\r\n7|0|91L|\r\n" +
+             anello(4),
          true},
     };
-    for (const Caso& c : casi)
-        EXPECT_EQ(Confronta(dir, Byte(c.testo), c.nome), c.breve) << c.nome;
+    for (const Caso& c : casi) EXPECT_EQ(Confronta(dir, Byte(c.testo), c.nome), c.breve) << c.nome;
 }
