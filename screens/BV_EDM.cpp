@@ -244,10 +244,13 @@ void BV_EDM::MostraCampi(const CampiParticella& c) {
 }
 
 void BV_EDM::ScegliComune(bool soloConfermato) {
-    stato_.testata.CodiceComuneLibretto = campi_["Comune"]->text();
+    QString& corrente = stato_.testata.CodiceComuneLibretto;
+    const QString prima = corrente;
+    corrente = campi_["Comune"]->text();
     const bool confermato = BV_CodFis::Esegui(stato_, this) == 1;
-    if (confermato || !soloConfermato)
-        campi_["Comune"]->setText(stato_.testata.CodiceComuneLibretto);
+    if (confermato || !soloConfermato) campi_["Comune"]->setText(corrente);
+    // A search closed without a choice leaves the libretto's own comune as it was.
+    if (!confermato) corrente = prima;
 }
 
 void BV_EDM::ScegliFile(const QString& nome) {

@@ -136,6 +136,7 @@ TEST_F(SchermiCensuario, ArchivioParticelle) {
     QTest::keyClick(edm.Campo("Comune"), Qt::Key_Return);
     EXPECT_TRUE(aperta);
     EXPECT_EQ(edm.Campo("Comune")->text(), QString());
+    EXPECT_EQ(s.testata.CodiceComuneLibretto, scelto); // the confirmed choice, not the blank
     Premi(edm.Pulsante(QStringLiteral("&Gestione Estratti")));
     EXPECT_TRUE(edm.ChiedeEstratti());
 }
