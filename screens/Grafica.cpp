@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -119,14 +120,19 @@ Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato)
 
     menu_ = new QMenu(QStringLiteral("Comandi"), this);
     pulsanti_ = new QWidget(this);
-    auto* riga = new QHBoxLayout(pulsanti_);
-    riga->setContentsMargins(0, 0, 0, 0);
+    // Two rows of seven: the plot often shares its window with lists, and a single row
+    // would cut the captions.
+    auto* righe = new QGridLayout(pulsanti_);
+    righe->setContentsMargins(0, 0, 0, 0);
+    righe->setSpacing(2);
+    int posto = 0;
     auto comando = [&](const QString& testo, auto azione, bool nelMenu = true) {
         if (nelMenu) menu_->addAction(testo, this, azione);
         auto* b = new QPushButton(testo, pulsanti_);
         b->setFocusPolicy(Qt::NoFocus);
         connect(b, &QPushButton::clicked, this, azione);
-        riga->addWidget(b);
+        righe->addWidget(b, posto / 7, posto % 7);
+        ++posto;
         return b;
     };
     comando(QStringLiteral("Zoom Tutto"), [this] { BV_ZoomTutto(); });
@@ -145,7 +151,6 @@ Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato)
     })->setObjectName(QStringLiteral("StampaFile"));
     comando(
         QStringLiteral("Termina Contorno"), [this] { TerminaContorno(modello_); }, false);
-    riga->addStretch();
 
     auto* l = new QVBoxLayout(this);
     l->setContentsMargins(2, 2, 2, 2);
