@@ -7,6 +7,7 @@
 #include "grafica.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
+#include "schermi.h"
 #include "stampa.h"
 #include "supporto.h"
 
@@ -39,12 +40,6 @@ void Clic(QWidget* w, const QString& caption) {
     QPushButton* b = Pulsante(w, caption);
     ASSERT_NE(b, nullptr) << caption.toStdString();
     QTest::mouseClick(b, Qt::LeftButton);
-}
-
-QStringList Voci(QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
 }
 
 struct Schermi : ConPregeo {

@@ -6,6 +6,7 @@
 #include "BV_TMFusione.h"
 #include "BV_TMVariazione.h"
 #include "censuario.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QApplication>
@@ -25,12 +26,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-QStringList Voci(const QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
-}
 
 void Clic(QListWidget* l, int riga, bool doppio = false) {
     l->scrollToItem(l->item(riga));

@@ -6,6 +6,7 @@
 #include "Grafica.h"
 #include "LibrettoDaDisegno.h"
 #include "disegno.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QApplication>
@@ -24,12 +25,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-QStringList Voci(const QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
-}
 
 QPushButton* PulsanteDi(QWidget* w, const QString& caption) {
     for (QPushButton* b : w->findChildren<QPushButton*>())

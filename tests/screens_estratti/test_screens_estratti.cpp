@@ -8,6 +8,7 @@
 #include "casistiche.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QApplication>
@@ -30,12 +31,6 @@ QPushButton* Pulsante(QWidget* w, const QString& caption) {
     for (QPushButton* b : w->findChildren<QPushButton*>())
         if (b->text() == caption) return b;
     return nullptr;
-}
-
-QStringList Voci(const QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
 }
 
 void Clic(QWidget* w, const QString& caption) {

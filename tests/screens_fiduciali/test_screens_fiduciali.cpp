@@ -11,6 +11,7 @@
 #include "Grafica.h"
 #include "fiduciali.h"
 #include "generatore_taf.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QAction>
@@ -47,12 +48,6 @@ template <class T> void QuandoSiApre(std::function<void(T*)> fai) {
         if (w) fai(w);
     });
     timer->start(20);
-}
-
-QStringList Voci(const QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
 }
 
 void Clic(QPushButton* b) {

@@ -5,6 +5,7 @@
 #include "libretto.h"
 #include "piattaforma_finta.h"
 #include "riordino.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QApplication>
@@ -33,12 +34,6 @@ QGroupBox* Riquadro(QWidget* w, const QString& titolo) {
     for (QGroupBox* g : w->findChildren<QGroupBox*>())
         if (g->title() == titolo) return g;
     return nullptr;
-}
-
-QStringList Voci(const QListWidget* l) {
-    QStringList r;
-    for (int i = 0; i < l->count(); ++i) r << l->item(i)->text();
-    return r;
 }
 
 void Clic(QListWidget* l, int riga, bool doppio = false) {
