@@ -1,6 +1,6 @@
 // The plot on generated sheets: the first picture (rows to records, fit, paint) and a redraw
 // after one zoom step, into a 1280x800 image, at ten and a hundred thousand vertices.
-#include "TelaQt.h"
+#include "TelaImmagine.h"
 #include "file_testo.h"
 #include "generatore.h"
 #include "grafica.h"
@@ -9,7 +9,6 @@
 
 #include <QGuiApplication>
 #include <QImage>
-#include <QPainter>
 
 #include <benchmark/benchmark.h>
 
@@ -27,11 +26,8 @@ const QString& Estratto(int vertici) {
     return cache[vertici];
 }
 
-void Dipingi(ModelloGrafica& g, QImage& img, CacheTesti* testi = nullptr) {
-    img.fill(Qt::white);
-    QPainter p(&img);
-    TelaQPainter tela(p, img.width(), img.height());
-    tela.UsaCacheTesti(testi);
+void Dipingi(ModelloGrafica& g, QImage& img, CacheGlifi* glifi = nullptr) {
+    TelaImmagine tela(img, 96, glifi);
     BV_RidisegnaGrafica(g, tela);
 }
 
@@ -59,8 +55,8 @@ void BM_RidisegnoDopoZoom(benchmark::State& stato) {
     ModelloGrafica g(&vista);
     CaricaRigheEstratto(s, g, RigheDiTesto(Estratto(int(stato.range(0)))));
     QImage img(1280, 800, QImage::Format_RGB32);
-    CacheTesti testi;
-    Dipingi(g, img, &testi);
+    CacheGlifi glifi;
+    Dipingi(g, img, &glifi);
     int passo = 0;
     for (auto _ : stato) {
         // Zooming in and out in turn keeps the view around the whole sheet.
@@ -68,7 +64,7 @@ void BM_RidisegnoDopoZoom(benchmark::State& stato) {
             BV_ZoomMeno(g);
         else
             BV_ZoomPiu(g);
-        Dipingi(g, img, &testi);
+        Dipingi(g, img, &glifi);
         benchmark::DoNotOptimize(img.constBits());
     }
 }

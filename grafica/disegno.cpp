@@ -27,6 +27,14 @@ bool Finito(double a, double b) {
     return std::isfinite(a) && std::isfinite(b);
 }
 
+// The kind of a point by its name, read once per pass: toponym, parcel label or numbered point.
+inline bool Toponimo(const QString& n) {
+    return !n.isEmpty() && n.back() == u'T';
+}
+inline bool Etichetta(const QString& n) {
+    return !n.isEmpty() && n.front() == u' ';
+}
+
 } // namespace
 
 void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) {
@@ -64,7 +72,7 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     const double raggio = a / 400;
     for (const PuntoGrafica& p : g.Punti) {
         if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) continue;
-        if (p.Nome.startsWith(u' ') || p.Nome.endsWith(u'T')) continue;
+        if (Etichetta(p.Nome) || Toponimo(p.Nome)) continue;
         const double x = p.X - cx, y = p.Y - cy;
         if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) continue;
         tela.Cerchio(x, y, raggio, p.Colore);
@@ -84,12 +92,12 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     };
     if (!v.ToponimiNo)
         for (const PuntoGrafica& p : g.Punti)
-            if (p.Nome.endsWith(u'T')) testo(p, p.Testo);
+            if (Toponimo(p.Nome)) testo(p, p.Testo);
     if (!v.NomiNo)
         for (const PuntoGrafica& p : g.Punti)
-            if (!p.Nome.endsWith(u'T') && !p.Nome.startsWith(u' ')) testo(p, p.Nome);
+            if (!Toponimo(p.Nome) && !Etichetta(p.Nome)) testo(p, p.Nome);
     for (const PuntoGrafica& p : g.Punti)
-        if (p.Nome.startsWith(u' ')) testo(p, p.Nome);
+        if (Etichetta(p.Nome)) testo(p, p.Nome);
 }
 
 } // namespace tavolet

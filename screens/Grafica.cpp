@@ -1,5 +1,6 @@
 #include "Grafica.h"
 
+#include "TelaImmagine.h"
 #include "TelaQt.h"
 #include "errore.h"
 #include "shell.h"
@@ -44,10 +45,17 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
+        // Drawn into an image of the canvas's pixels, then shown whole.
+        const qreal dpr = devicePixelRatioF();
+        const QSize pixel = (QSizeF(size()) * dpr).toSize().expandedTo(QSize(1, 1));
+        if (buffer_.size() != pixel) buffer_ = QImage(pixel, QImage::Format_RGB32);
+        {
+            TelaImmagine tela(buffer_, logicalDpiY() * dpr, &glifi_);
+            BV_RidisegnaGrafica(g_.modello_, tela);
+        }
+        buffer_.setDevicePixelRatio(dpr);
         QPainter p(this);
-        TelaQPainter tela(p, width(), height(), logicalDpiY());
-        tela.UsaCacheTesti(&testi_);
-        BV_RidisegnaGrafica(g_.modello_, tela);
+        p.drawImage(QPointF(0, 0), buffer_);
     }
 
     void mouseMoveEvent(QMouseEvent* e) override {
@@ -80,7 +88,8 @@ protected:
 
 private:
     Grafica& g_;
-    CacheTesti testi_; // the names laid out once, for the redraws of zoom and pan
+    QImage buffer_;
+    CacheGlifi glifi_; // the glyphs of the names, made once for the redraws of zoom and pan
 };
 
 Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato) {
@@ -291,10 +300,10 @@ void Grafica::CentraMouse(double x, double y) {
 
 QImage Grafica::Immagine() const {
     QImage immagine(canvas_->size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
-    immagine.fill(Qt::white);
-    QPainter p(&immagine);
-    TelaQPainter tela(p, immagine.width(), immagine.height(), canvas_->logicalDpiY());
-    tavolet::BV_RidisegnaGrafica(const_cast<ModelloGrafica&>(modello_), tela);
+    {
+        TelaImmagine tela(immagine, canvas_->logicalDpiY());
+        tavolet::BV_RidisegnaGrafica(const_cast<ModelloGrafica&>(modello_), tela);
+    }
     return immagine;
 }
 

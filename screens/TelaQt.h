@@ -1,4 +1,4 @@
-// The Tela of the plot on a QPainter: a window, a QImage, a printer or a PDF.
+// The Tela of the plot on a QPainter: a printer or a PDF, where the strokes stay vectors.
 #pragma once
 
 #include "grafica.h"
@@ -6,30 +6,21 @@
 #include <QFont>
 #include <QHash>
 #include <QPainter>
-#include <QStaticText>
 
 namespace tavolet {
 
-// Texts laid out once and kept between redraws (a plot redraws the same names at every step).
-class CacheTesti {
-public:
-    const QStaticText& Testo(const QString& testo, const QFont& font, int pixel);
-    void Svuota() { testi_.clear(); }
+// Far beyond the surface the raster engine's fixed point overflows: a stroke is cut to a
+// square of this many pixels around the surface, which leaves the visible part unchanged.
+constexpr double kLimite = 1e6;
 
-private:
-    QHash<QString, QStaticText> testi_; // keyed by face, size and text
-};
+// The part of the segment a-b inside [x0, x1] x [y0, y1]; false when none.
+bool RitagliaSegmento(QPointF& a, QPointF& b, double x0, double y0, double x1, double y1);
 
 class TelaQPainter : public Tela {
 public:
     // The painter is already begun on its device; larghezzaPx x altezzaPx is the area drawn
     // and dpi the device's resolution (millimetres and twips follow from it).
     TelaQPainter(QPainter& painter, int larghezzaPx, int altezzaPx, double dpi = 96);
-
-    // Fonts made once per face, size and angle (true), or one per text (false).
-    void UsaCacheCaratteri(bool si) { cache_ = si; }
-    // Texts laid out once across redraws; none by default.
-    void UsaCacheTesti(CacheTesti* cache) { testi_ = cache; }
 
     double LarghezzaMm() const override;
     double AltezzaMm() const override;
@@ -57,8 +48,6 @@ private:
     int w_, h_;
     double dpi_;
     double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
-    bool cache_ = true;
-    CacheTesti* testi_ = nullptr;
     struct ChiaveFont {
         QString faccia;
         int pixel;

@@ -2,6 +2,7 @@
 // painter's picture against a plain reference painting.
 #include "AnteprimaGrafica.h"
 #include "Grafica.h"
+#include "TelaImmagine.h"
 #include "TelaQt.h"
 #include "generatore.h"
 #include "supporto.h"
@@ -202,9 +203,36 @@ TEST(AnteprimaGraficaFinestra, TitoloEGrafica) {
     a.grab().save("/tmp/anteprima_proposta.png");
 }
 
-// The picture with culling and fonts made once is the plain painting of every record, pixel
-// for pixel, on generated sheets at several zooms.
-TEST(DisegnoRiferimento, IlRitaglioNonCambiaLImmagine) {
+// Ink of a picture: the pixels that are not white.
+QVector<bool> Inchiostro(const QImage& im) {
+    QVector<bool> r(qsizetype(im.width()) * im.height());
+    for (int y = 0; y < im.height(); ++y)
+        for (int x = 0; x < im.width(); ++x)
+            r[qsizetype(y) * im.width() + x] = (im.pixel(x, y) & 0xFFFFFF) != 0xFFFFFF;
+    return r;
+}
+
+// Share of the ink of a that has ink of b within two pixels.
+double Vicino(const QVector<bool>& a, const QVector<bool>& b, int w, int h) {
+    qsizetype tot = 0, ok = 0;
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            if (!a[qsizetype(y) * w + x]) continue;
+            ++tot;
+            bool trovato = false;
+            for (int j = std::max(0, y - 2); j <= std::min(h - 1, y + 2) && !trovato; ++j)
+                for (int i = std::max(0, x - 2); i <= std::min(w - 1, x + 2) && !trovato; ++i)
+                    trovato = b[qsizetype(j) * w + i];
+            ok += trovato;
+        }
+    return tot ? double(ok) / double(tot) : 1.0;
+}
+
+// The pixels the plot writes itself: culling and glyphs kept across redraws leave the picture
+// as the plain drawing of every record with fresh glyphs, pixel for pixel; and the strokes
+// fall where the painter of the printer puts them (rings, names, lines), on generated sheets
+// at several zooms, with turned toponyms and dashed lines among them.
+TEST(DisegnoRiferimento, LImmagineDiretta) {
     PiattaformaFinta p;
     Stato s(p);
     for (unsigned seme = 1; seme <= 6; ++seme) {
@@ -215,25 +243,49 @@ TEST(DisegnoRiferimento, IlRitaglioNonCambiaLImmagine) {
         VistaGrafica vista;
         ModelloGrafica g(&vista);
         CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
-        CacheTesti testi; // kept across the steps, as the window keeps it
+        CacheGlifi glifi; // kept across the steps, as the window keeps it
         for (int passo = 0; passo < 4; ++passo) {
             QImage a(640, 400, QImage::Format_RGB32), b(640, 400, QImage::Format_RGB32);
+            QImage c(640, 400, QImage::Format_RGB32);
             {
-                QPainter pa(&a);
-                TelaQPainter ta(pa, 640, 400);
-                ta.UsaCacheTesti(&testi);
+                TelaImmagine ta(a, 96, &glifi);
                 BV_RidisegnaGrafica(g, ta);
             }
             {
-                QPainter pb(&b);
-                TelaQPainter tb(pb, 640, 400);
-                tb.UsaCacheCaratteri(false);
+                TelaImmagine tb(b);
                 BV_RidisegnaGrafica(g, tb, {.ritaglia = false});
             }
             ASSERT_EQ(a, b) << "seme " << seme << " passo " << passo;
+            {
+                QPainter pc(&c);
+                TelaQPainter tc(pc, 640, 400);
+                BV_RidisegnaGrafica(g, tc);
+            }
+            const auto ia = Inchiostro(a), ic = Inchiostro(c);
+            EXPECT_GT(std::count(ia.begin(), ia.end(), true), 2000) << seme << " " << passo;
+            EXPECT_GT(Vicino(ia, ic, 640, 400), 0.97) << "seme " << seme << " passo " << passo;
+            EXPECT_GT(Vicino(ic, ia, 640, 400), 0.97) << "seme " << seme << " passo " << passo;
+            if (seme == 1 && passo == 3) {
+                a.save("/tmp/tela_immagine.png");
+                c.save("/tmp/tela_qpainter.png");
+            }
             for (int k = 0; k < 6; ++k) BV_ZoomPiu(g);
             BV_ZoomRight(g);
             BV_ZoomUP(g);
         }
     }
+    // Outside the image, a canvas of no size and a format of its own: nothing written amiss.
+    QImage vuota;
+    TelaImmagine tv(vuota);
+    VistaGrafica vista;
+    ModelloGrafica g(&vista);
+    BV_RidisegnaGrafica(g, tv);
+    QImage indicizzata(50, 40, QImage::Format_Grayscale8);
+    TelaImmagine ti(indicizzata);
+    ti.Pulisci();
+    ti.Scala(-10, 10, 10, -10);
+    ti.Linea(-1e300, 0, 1e300, 0, 1, 0, 0);
+    ti.Testo(0, 0, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 0, 0);
+    ti.Cerchio(0, 0, 1e300, 0);
+    ti.Cerchio(0, 0, 0.5, 0);
 }

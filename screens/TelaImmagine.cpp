@@ -1,0 +1,299 @@
+#include "TelaImmagine.h"
+
+#include "TelaQt.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace tavolet {
+
+namespace {
+
+quint32 Argb(int colore) {
+    return 0xFF000000u | ColoreQB(colore);
+}
+
+Qt::PenStyle StilePenna(int stile) {
+    return stile == 1 ? Qt::DashLine : stile == 2 ? Qt::DotLine : Qt::SolidLine;
+}
+
+// Text the glyphs cannot carry: surrogates, marks and the scripts that join or turn.
+bool SoloSemplice(const QString& t) {
+    for (QChar c : t)
+        if (c.unicode() >= 0x0300 || c.unicode() < 0x20) return false;
+    return true;
+}
+
+} // namespace
+
+CacheGlifi::Faccia& CacheGlifi::Di(const QString& faccia, int pixel) {
+    auto i = facce_.find(Chiave{faccia, pixel});
+    if (i != facce_.end()) return **i;
+    auto f = std::make_shared<Faccia>();
+    f->font = QFont(faccia);
+    f->font.setPixelSize(pixel);
+    f->ascesa = QFontMetricsF(f->font).ascent();
+    facce_.insert(Chiave{faccia, pixel}, f);
+    return *f;
+}
+
+const CacheGlifi::Glifo& CacheGlifi::GlifoDi(Faccia& f, char16_t c) {
+    Glifo& g = c < 256 ? f.latini[c] : f.altri[c];
+    if (g.pronto) return g;
+    g.pronto = true;
+    const QString s(QChar{c});
+    const QFontMetricsF m(f.font);
+    g.avanzamento = m.horizontalAdvance(s);
+    // Rendered once on a transparent square with room for overhangs, then cut to its ink.
+    const int margine = f.font.pixelSize() + 4;
+    const int base = margine + int(std::ceil(m.ascent()));
+    const int w = int(std::ceil(std::max(g.avanzamento, 0.0))) + 2 * margine;
+    const int h = int(std::ceil(m.ascent() + m.descent())) + 2 * margine;
+    QImage im(w, h, QImage::Format_ARGB32_Premultiplied);
+    im.fill(0);
+    {
+        QPainter p(&im);
+        p.setFont(f.font);
+        p.setPen(Qt::black);
+        p.drawText(QPointF(margine, base), s);
+    }
+    int x0 = w, x1 = -1, y0 = h, y1 = -1;
+    for (int y = 0; y < h; ++y) {
+        const QRgb* r = reinterpret_cast<const QRgb*>(im.constScanLine(y));
+        for (int x = 0; x < w; ++x)
+            if (qAlpha(r[x])) {
+                x0 = std::min(x0, x);
+                x1 = std::max(x1, x);
+                y0 = std::min(y0, y);
+                y1 = std::max(y1, y);
+            }
+    }
+    if (x1 < 0) return g; // a blank
+    g.dx = x0 - margine;
+    g.dy = y0 - base;
+    g.larghezza = x1 - x0 + 1;
+    g.altezza = y1 - y0 + 1;
+    for (int y = y0; y <= y1; ++y) {
+        const QRgb* r = reinterpret_cast<const QRgb*>(im.constScanLine(y));
+        for (int x = x0; x <= x1;) {
+            if (!qAlpha(r[x])) {
+                ++x;
+                continue;
+            }
+            Tratto t{qint16(y - y0), qint16(x - x0), 0, qint32(g.copertura.size())};
+            while (x <= x1 && qAlpha(r[x])) g.copertura.push_back(quint8(qAlpha(r[x++])));
+            t.x1 = qint16(x - x0);
+            g.tratti.push_back(t);
+        }
+    }
+    return g;
+}
+
+TelaImmagine::TelaImmagine(QImage& immagine, double dpi, CacheGlifi* glifi)
+    : img_(immagine), w_(immagine.width()), h_(immagine.height()), dpi_(dpi > 0 ? dpi : 96),
+      glifi_(glifi) {
+    if (!glifi_) {
+        propria_ = std::make_unique<CacheGlifi>();
+        glifi_ = propria_.get();
+    }
+    const auto f = img_.format();
+    if (!img_.isNull() && (f == QImage::Format_RGB32 || f == QImage::Format_ARGB32 ||
+                           f == QImage::Format_ARGB32_Premultiplied)) {
+        bits_ = img_.bits();
+        riga_ = img_.bytesPerLine();
+    }
+}
+
+TelaImmagine::~TelaImmagine() = default;
+
+double TelaImmagine::LarghezzaMm() const {
+    return w_ / dpi_ * 25.4;
+}
+double TelaImmagine::AltezzaMm() const {
+    return h_ / dpi_ * 25.4;
+}
+double TelaImmagine::TwipsPerPixel() const {
+    return 1440 / dpi_;
+}
+
+QPainter& TelaImmagine::Pittore() {
+    if (!pittore_) {
+        pittore_ = std::make_unique<QPainter>(&img_);
+        pittore_->setBrush(Qt::NoBrush);
+    }
+    return *pittore_;
+}
+
+void TelaImmagine::Pulisci() {
+    if (!bits_) {
+        if (!img_.isNull()) Pittore().fillRect(QRect(0, 0, w_, h_), Qt::white);
+        return;
+    }
+    for (int y = 0; y < h_; ++y) std::memset(bits_ + y * riga_, 0xFF, size_t(w_) * 4);
+}
+
+void TelaImmagine::Scala(double x1, double y1, double x2, double y2) {
+    sx_ = (x2 != x1) ? w_ / (x2 - x1) : 1;
+    sy_ = (y2 != y1) ? h_ / (y2 - y1) : 1;
+    ox_ = x1;
+    oy_ = y1;
+}
+
+QPointF TelaImmagine::Mappa(double x, double y) const {
+    return {(x - ox_) * sx_, (y - oy_) * sy_};
+}
+
+inline void TelaImmagine::Pixel(int x, int y, quint32 colore) {
+    reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
+}
+
+inline void TelaImmagine::Miscela(int x, int y, quint32 colore, int alfa) {
+    quint32& d = reinterpret_cast<quint32*>(bits_ + y * riga_)[x];
+    if (alfa >= 255) {
+        d = colore;
+        return;
+    }
+    // Each channel moves towards the colour by the coverage, in 8 bits.
+    const quint32 inv = 255 - quint32(alfa);
+    const quint32 rb = ((colore & 0xFF00FFu) * quint32(alfa) + (d & 0xFF00FFu) * inv + 0x800080u);
+    const quint32 g = ((colore & 0x00FF00u) * quint32(alfa) + (d & 0x00FF00u) * inv + 0x008000u);
+    const quint32 rb2 = ((rb + ((rb >> 8) & 0xFF00FFu)) >> 8) & 0xFF00FFu;
+    const quint32 g2 = ((g + ((g >> 8) & 0x00FF00u)) >> 8) & 0x00FF00u;
+    d = 0xFF000000u | rb2 | g2;
+}
+
+void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
+                         int colore) {
+    QPointF a = Mappa(x1, y1), b = Mappa(x2, y2);
+    const int larghezza = std::clamp(spessore, 1, 100);
+    if (!bits_ || larghezza > 1) {
+        if (img_.isNull() || !RitagliaSegmento(a, b, -kLimite, -kLimite, kLimite, kLimite)) return;
+        QPen penna(QColor::fromRgb(ColoreQB(colore)));
+        penna.setWidth(larghezza);
+        penna.setStyle(StilePenna(stile));
+        Pittore().setPen(penna);
+        Pittore().drawLine(a, b);
+        return;
+    }
+    // One pixel wide: the segment cut to the image, then a step a pixel along its longer axis.
+    if (!RitagliaSegmento(a, b, -0.5, -0.5, w_ - 0.5, h_ - 0.5)) return;
+    const int xa = std::clamp(int(std::lround(a.x())), 0, w_ - 1);
+    const int ya = std::clamp(int(std::lround(a.y())), 0, h_ - 1);
+    const int xb = std::clamp(int(std::lround(b.x())), 0, w_ - 1);
+    const int yb = std::clamp(int(std::lround(b.y())), 0, h_ - 1);
+    const int dx = xb - xa, dy = yb - ya;
+    const int n = std::max(std::abs(dx), std::abs(dy));
+    const quint32 c = Argb(colore);
+    const double px = n ? double(dx) / n : 0, py = n ? double(dy) / n : 0;
+    for (int i = 0; i <= n; ++i) {
+        // Qt's patterns for a pen of one pixel: a dash of 4 and a gap of 2, a dot and a gap of 2.
+        if (stile == 1 && i % 6 >= 4) continue;
+        if (stile == 2 && i % 3 != 0) continue;
+        const int x = xa + int(std::floor(px * i + 0.5));
+        const int y = ya + int(std::floor(py * i + 0.5));
+        Pixel(x, y, c);
+    }
+}
+
+void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
+    const QPointF c = Mappa(x, y);
+    const double r = raggio * std::abs(sx_);
+    if (!std::isfinite(r) || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
+        std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite)
+        return;
+    if (!bits_ || r > 32) {
+        if (img_.isNull()) return;
+        QPen penna(QColor::fromRgb(ColoreQB(colore)));
+        penna.setWidth(1);
+        Pittore().setPen(penna);
+        Pittore().setBrush(Qt::NoBrush);
+        Pittore().drawEllipse(c, std::min(r, kLimite), std::min(r, kLimite));
+        return;
+    }
+    // A ring of one pixel: the pixels whose centre lies within half a pixel of the circle,
+    // worked out once per radius and eighth of a pixel and then stamped.
+    const int bx = int(std::floor(c.x())), by = int(std::floor(c.y()));
+    const int fx = std::clamp(int((c.x() - bx) * 8), 0, 7);
+    const int fy = std::clamp(int((c.y() - by) * 8), 0, 7);
+    const int r16 = int(std::lround(r * 16));
+    if (raggio16_ != r16) {
+        raggio16_ = r16;
+        for (auto& a : anelli_) a.clear();
+    }
+    auto& anello = anelli_[size_t(fy * 8 + fx)];
+    if (anello.empty()) {
+        const double cx = (fx + 0.5) / 8, cy = (fy + 0.5) / 8, rr = r16 / 16.0;
+        const int R = int(std::ceil(rr)) + 1;
+        for (int j = -R; j <= R; ++j)
+            for (int i = -R; i <= R; ++i) {
+                const double d = std::hypot(i + 0.5 - cx, j + 0.5 - cy);
+                if (std::abs(d - rr) <= 0.5) anello.push_back({i, j});
+            }
+        if (anello.empty()) anello.push_back({0, 0});
+    }
+    const quint32 k = Argb(colore);
+    for (const auto& [i, j] : anello) {
+        const int px = bx + i, py = by + j;
+        if (px >= 0 && px < w_ && py >= 0 && py < h_) Pixel(px, py, k);
+    }
+}
+
+bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
+                                quint32 colore) {
+    if (!SoloSemplice(testo)) return false;
+    double penna = c.x();
+    const int base = int(std::lround(c.y() + f.ascesa));
+    for (QChar ch : testo) {
+        const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
+        const int gx = int(std::lround(penna)) + g.dx, gy = base + g.dy;
+        penna += g.avanzamento;
+        if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
+            gy + g.altezza <= 0)
+            continue;
+        const bool dentro = gx >= 0 && gy >= 0 && gx + g.larghezza <= w_ && gy + g.altezza <= h_;
+        const quint8* cop = g.copertura.data();
+        for (const CacheGlifi::Tratto& t : g.tratti) {
+            const int y = gy + t.riga;
+            if (!dentro && (y < 0 || y >= h_)) continue;
+            for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k) {
+                const int px = gx + x;
+                if (!dentro && (px < 0 || px >= w_)) continue;
+                Miscela(px, y, colore, cop[k]);
+            }
+        }
+    }
+    return true;
+}
+
+void TelaImmagine::Testo(double x, double y, const QString& testo, const QString& font,
+                         double altezzaPixel, double angolo, int colore) {
+    const QPointF c = Mappa(x, y);
+    if (img_.isNull() || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
+        std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite || testo.isEmpty())
+        return;
+    const int pixel = std::clamp(int(std::lround(std::abs(altezzaPixel))), 1, 2000);
+    // Consecutive texts nearly always share the face: compare the text's data first.
+    if (!ultima_ || ultimoPixel_ != pixel ||
+        (ultimaFaccia_.constData() != font.constData() && ultimaFaccia_ != font)) {
+        ultima_ = &glifi_->Di(font, pixel);
+        ultimaFaccia_ = font;
+        ultimoPixel_ = pixel;
+    }
+    CacheGlifi::Faccia& f = *ultima_;
+    const bool dritto = angolo == 0 || !std::isfinite(angolo);
+    if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
+    // The point is the text's upper left corner, and the text turns around it.
+    QPainter& p = Pittore();
+    p.setPen(QColor::fromRgb(ColoreQB(colore)));
+    p.setFont(f.font);
+    p.save();
+    p.translate(c);
+    if (!dritto) p.rotate(-angolo);
+    p.drawText(QPointF(0, f.ascesa), testo);
+    p.restore();
+}
+
+} // namespace tavolet

@@ -1,0 +1,102 @@
+// The Tela of the plot on the pixels of a QImage. A joined comune puts a hundred thousand
+// markers and names on the canvas at every zoom step: here they are written straight into the
+// image, the names from glyphs rendered once per face and size. What this way does not do (thick
+// or huge strokes, turned or complex text) goes through a QPainter on the same image, in turn,
+// so that the order of the strokes is kept.
+#pragma once
+
+#include "grafica.h"
+
+#include <QFont>
+#include <QHash>
+#include <QImage>
+#include <QPainter>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tavolet {
+
+// The glyphs of the faces and sizes a plot uses, kept between redraws.
+class CacheGlifi {
+public:
+    struct Tratto {
+        qint16 riga, x0, x1; // a run of covered pixels, x1 excluded
+        qint32 primo;        // where its coverage starts in Glifo::copertura
+    };
+    struct Glifo {
+        bool pronto = false;
+        double avanzamento = 0;
+        int dx = 0, dy = 0; // the mask's upper left corner from the pen on the baseline
+        int larghezza = 0, altezza = 0;
+        std::vector<Tratto> tratti;
+        std::vector<quint8> copertura;
+    };
+    struct Faccia {
+        QFont font;
+        double ascesa = 0;
+        std::array<Glifo, 256> latini;
+        QHash<char16_t, Glifo> altri;
+    };
+    // The face of that name at that pixel height.
+    Faccia& Di(const QString& faccia, int pixel);
+    const Glifo& GlifoDi(Faccia& f, char16_t c);
+    void Svuota() { facce_.clear(); }
+
+private:
+    struct Chiave {
+        QString faccia;
+        int pixel;
+        bool operator==(const Chiave&) const = default;
+    };
+    friend size_t qHash(const Chiave& k, size_t seme) {
+        return qHashMulti(seme, k.faccia, k.pixel);
+    }
+    QHash<Chiave, std::shared_ptr<Faccia>> facce_;
+};
+
+class TelaImmagine : public Tela {
+public:
+    // The image is drawn whole; dpi gives its millimetres and twips. Without a cache of
+    // glyphs the Tela keeps its own for this drawing.
+    explicit TelaImmagine(QImage& immagine, double dpi = 96, CacheGlifi* glifi = nullptr);
+    ~TelaImmagine() override;
+
+    double LarghezzaMm() const override;
+    double AltezzaMm() const override;
+    double TwipsPerPixel() const override;
+    void Pulisci() override;
+    void Scala(double x1, double y1, double x2, double y2) override;
+    void Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
+               int colore) override;
+    void Cerchio(double x, double y, double raggio, int colore) override;
+    void Testo(double x, double y, const QString& testo, const QString& font, double altezzaPixel,
+               double angolo, int colore) override;
+
+private:
+    QPointF Mappa(double x, double y) const;
+    QPainter& Pittore();
+    void Pixel(int x, int y, quint32 colore);
+    void Miscela(int x, int y, quint32 colore, int alfa);
+    bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
+
+    QImage& img_;
+    uchar* bits_ = nullptr; // null: every stroke through the painter
+    qsizetype riga_ = 0;
+    int w_, h_;
+    double dpi_;
+    double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
+    std::unique_ptr<QPainter> pittore_;
+    std::unique_ptr<CacheGlifi> propria_;
+    CacheGlifi* glifi_;
+    CacheGlifi::Faccia* ultima_ = nullptr;
+    QString ultimaFaccia_;
+    int ultimoPixel_ = -1;
+    // The rings of the last marker radius, one per eighth of a pixel of the centre.
+    int raggio16_ = -1;
+    std::array<std::vector<std::pair<int, int>>, 64> anelli_;
+};
+
+} // namespace tavolet
