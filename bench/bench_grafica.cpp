@@ -48,6 +48,19 @@ void BM_PrimaImmagine(benchmark::State& stato) {
     stato.counters["punti"] = double(punti);
 }
 
+// The loading alone: rows to records and the fit, without painting.
+void BM_Caricamento(benchmark::State& stato) {
+    const QString& testo = Estratto(int(stato.range(0)));
+    PiattaformaFinta piattaforma;
+    Stato s(piattaforma);
+    for (auto _ : stato) {
+        VistaGrafica vista;
+        ModelloGrafica g(&vista);
+        CaricaRigheEstratto(s, g, RigheDiTesto(testo));
+        benchmark::DoNotOptimize(g.Punti.constData());
+    }
+}
+
 void BM_RidisegnoDopoZoom(benchmark::State& stato) {
     PiattaformaFinta piattaforma;
     Stato s(piattaforma);
@@ -72,6 +85,7 @@ void BM_RidisegnoDopoZoom(benchmark::State& stato) {
 } // namespace
 
 BENCHMARK(BM_PrimaImmagine)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Caricamento)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RidisegnoDopoZoom)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {

@@ -43,6 +43,38 @@ bool Numerico(const QString& f) {
     return Val(f) != 0 || (!f.isEmpty() && f[0].isDigit());
 }
 
+// The same on a piece of a row: an id starts with a digit, and only the rest needs Val.
+bool Numerico(QStringView f) {
+    if (!f.isEmpty() && f[0] >= u'0' && f[0] <= u'9') return true;
+    return Numerico(f.toString());
+}
+
+// Val of a piece of a row, read in place.
+double ValVista(QStringView f) {
+    return Val(QString::fromRawData(f.data(), f.size()));
+}
+
+// The pieces of a row between the bars, as views of it; with senzaUltimo the empty piece
+// behind the last bar is left out, as CampiRiga does.
+void CampiVista(QStringView riga, std::vector<QStringView>& campi, bool senzaUltimo) {
+    campi.clear();
+    qsizetype inizio = 0;
+    for (;;) {
+        const qsizetype barra = riga.indexOf(u'|', inizio);
+        if (barra < 0) {
+            campi.push_back(riga.mid(inizio));
+            break;
+        }
+        campi.push_back(riga.mid(inizio, barra - inizio));
+        inizio = barra + 1;
+    }
+    if (senzaUltimo && campi.size() > 1 && campi.back().isEmpty()) campi.pop_back();
+}
+
+QStringView CampoVista(const std::vector<QStringView>& campi, size_t i) {
+    return i < campi.size() ? campi[i] : QStringView();
+}
+
 struct Stile {
     int dimensione, colore;
     const char* font;
@@ -283,18 +315,19 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
         static const QString kCourier = QStringLiteral("Courier New");
         static const QString kArial = QStringLiteral("Arial Narrow");
         g.Punti.reserve(g.Punti.size() + lista.size());
+        std::vector<QStringView> c;
         for (const QString& riga : lista) {
-            if (int(Val(riga)) != 8) continue;
-            const QStringList c = Split(riga, QStringLiteral("|"));
-            const QString& id = Campo(c, 1);
+            if (!riga.startsWith(QLatin1String("8|")) && int(Val(riga)) != 8) continue;
+            CampiVista(riga, c, false);
+            const QString id = CampoVista(c, 1).toString();
             const Stile st = StileDelSuffisso(id.isEmpty() ? QChar() : id.back());
-            const double y = Val(Campo(c, 2));
-            const double x = Val(Campo(c, 3));
+            const double y = ValVista(CampoVista(c, 2));
+            const double x = ValVista(CampoVista(c, 3));
             QString testo;
             double angolo = 0;
             if (!id.isEmpty() && id.back() == u'T') {
-                angolo = Val(Campo(c, 4)) / (2 * M_PI) * 360;
-                testo = Campo(c, 5);
+                angolo = ValVista(CampoVista(c, 4)) / (2 * M_PI) * 360;
+                testo = CampoVista(c, 5).toString();
             }
             BV_AggiungiPuntoGraf(g, id, x, y, 0, testo, st.colore, angolo,
                                  st.font[0] == 'A' ? kArial : kCourier, st.dimensione);
@@ -307,11 +340,15 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
         bool aperto = false;
         for (const QString& riga : lista) {
             if (!riga.startsWith(QLatin1String("7|"))) continue;
-            const QStringList c = CampiRiga(riga);
+            CampiVista(riga, c, true);
             if (c.size() > 3 && c[3].contains(QStringLiteral("PV"))) continue;
-            const QString& uno = Campo(c, 1);
+            const QStringView uno = CampoVista(c, 1);
+            auto aggiungi = [](QString& a, QStringView f) {
+                a.append(f);
+                a.append(u'|');
+            };
             if (uno == QLatin1String("0")) {
-                for (qsizetype i = 2; i < c.size(); ++i) corrente.campi += c[i] + u'|';
+                for (size_t i = 2; i < c.size(); ++i) aggiungi(corrente.campi, c[i]);
                 continue;
             }
             if (aperto) {
@@ -320,14 +357,14 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
             }
             corrente = Anello();
             aperto = true;
-            corrente.conta = uno;
-            const qsizetype n = c.size();
-            const bool senzaCoda = TokenStile(c.last());
+            corrente.conta = uno.toString();
+            const qsizetype n = qsizetype(c.size());
+            const bool senzaCoda = TokenStile(c.back().toString());
             const qsizetype fine = senzaCoda ? n - 1 : n - 4;
-            for (qsizetype i = 2; i <= fine && i < n; ++i) corrente.campi += c[i] + u'|';
+            for (qsizetype i = 2; i <= fine && i < n; ++i) aggiungi(corrente.campi, c[size_t(i)]);
             if (!senzaCoda)
                 for (qsizetype i = std::max<qsizetype>(n - 3, 2); i < n; ++i)
-                    corrente.coda += c[i] + u'|';
+                    aggiungi(corrente.coda, c[size_t(i)]);
         }
         if (aperto) {
             g.List6.append(corrente.campi + corrente.coda);
@@ -339,11 +376,11 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
         for (const Anello& a : anelli) {
             const QString testo = a.campi + a.coda;
             const int spessore = testo.contains(u'+') ? 2 : 1;
-            QStringList campi = Split(testo, QStringLiteral("|"));
-            campi.removeLast(); // the piece behind the last bar
-            QString precedente;
-            for (qsizetype i = campi.size() - 1; i >= 0; --i) {
-                const QString& f = campi[i];
+            CampiVista(testo, c, false);
+            c.pop_back(); // the piece behind the last bar
+            QStringView precedente;
+            for (size_t i = c.size(); i-- > 0;) {
+                const QStringView f = c[i];
                 if (Numerico(f)) {
                     BV_AggiungiLineaGraf2Punti(g, f, precedente, vecchiaMappa ? 9 : colore,
                                                spessore, stile);

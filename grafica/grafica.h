@@ -12,6 +12,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 namespace tavolet {
 
@@ -48,6 +49,21 @@ struct VistaGrafica {
 // The view of the program. Plots that do not get another one share this.
 VistaGrafica& VistaCondivisa();
 
+// Where each name first appears in a table of points. The vertices of a map, "n%", nearly all
+// of a sheet, are found by their number; other names by their text.
+class IndiceNomiPunti {
+public:
+    void clear();
+    int Trova(QStringView nome) const; // -1 when absent
+    // The index of the name, unless the name has one already.
+    void AggiungiSeNuovo(const QString& nome, int indice);
+
+private:
+    static int Numero(QStringView nome); // -1 when not a plain "n%" within the table's reach
+    std::vector<int> perNumero_;         // -1 where no point has the number
+    QHash<QString, int> altri_;
+};
+
 // The state of one plot control: tables, row lists, switches and the mouse's working values.
 struct ModelloGrafica {
     explicit ModelloGrafica(VistaGrafica* vista = nullptr);
@@ -79,8 +95,8 @@ struct ModelloGrafica {
 
     // First index of each point name, kept with the table so that a ring finds its points
     // without a walk of the table.
-    QHash<QString, int> IndiceNomi;
-    int TrovaPunto(const QString& nome) const; // -1 when absent
+    IndiceNomiPunti IndiceNomi;
+    int TrovaPunto(QStringView nome) const; // -1 when absent
 };
 
 // ---- The four switches (section CONFIGURA_GRAFICA1) ----
@@ -95,8 +111,8 @@ void BV_AggiungiPuntoGraf(ModelloGrafica& g, const QString& nome, double x, doub
 void BV_AggiungiLineaGraf(ModelloGrafica& g, double x1, double y1, double z1, double x2, double y2,
                           double z2, int colore, int spessore, int stile);
 // The line between the first points of those names; nothing when either is missing.
-void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, const QString& nome1, const QString& nome2,
-                                int colore, int spessore, int stile);
+void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, QStringView nome1, QStringView nome2, int colore,
+                                int spessore, int stile);
 // Both tables emptied and the view fitted.
 void BV_Clear(ModelloGrafica& g);
 

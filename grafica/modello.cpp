@@ -21,8 +21,44 @@ PuntoGrafica ModelloGrafica::Punto(int i) const {
     return {};
 }
 
-int ModelloGrafica::TrovaPunto(const QString& nome) const {
-    return IndiceNomi.value(nome, -1);
+int ModelloGrafica::TrovaPunto(QStringView nome) const {
+    return IndiceNomi.Trova(nome);
+}
+
+void IndiceNomiPunti::clear() {
+    perNumero_.clear();
+    altri_.clear();
+}
+
+int IndiceNomiPunti::Numero(QStringView nome) {
+    // Digits without a leading zero (or the single 0), then "%"; a million names at most, so
+    // that an odd id of nine digits does not claim a table of its size.
+    const qsizetype n = nome.size();
+    if (n < 2 || n > 7 || nome[n - 1] != u'%' || (nome[0] == u'0' && n > 2)) return -1;
+    int v = 0;
+    for (qsizetype i = 0; i + 1 < n; ++i) {
+        const char16_t c = nome[i].unicode();
+        if (c < u'0' || c > u'9') return -1;
+        v = v * 10 + (c - u'0');
+    }
+    return v < (1 << 20) ? v : -1;
+}
+
+int IndiceNomiPunti::Trova(QStringView nome) const {
+    const int k = Numero(nome);
+    if (k >= 0) return size_t(k) < perNumero_.size() ? perNumero_[size_t(k)] : -1;
+    return altri_.value(nome.toString(), -1);
+}
+
+void IndiceNomiPunti::AggiungiSeNuovo(const QString& nome, int indice) {
+    const int k = Numero(nome);
+    if (k < 0) {
+        if (!altri_.contains(nome)) altri_.insert(nome, indice);
+        return;
+    }
+    if (size_t(k) >= perNumero_.size())
+        perNumero_.resize(std::max(size_t(k) + 1, perNumero_.size() * 2), -1);
+    if (perNumero_[size_t(k)] < 0) perNumero_[size_t(k)] = indice;
 }
 
 void LeggiOpzioniGrafica(Stato& stato, ModelloGrafica& g) {
@@ -62,8 +98,7 @@ void BV_AggiungiPuntoGraf(ModelloGrafica& g, const QString& nome, double x, doub
     p.Dimensione = dimensione;
     // QList grows geometrically: a sheet of a hundred thousand points is not copied per point.
     g.Punti.append(std::move(p));
-    if (!g.IndiceNomi.contains(nome)) // the first point of a name is the one found
-        g.IndiceNomi.insert(nome, int(g.Punti.size() - 1));
+    g.IndiceNomi.AggiungiSeNuovo(nome, int(g.Punti.size() - 1)); // the first one is found
 }
 
 void BV_AggiungiLineaGraf(ModelloGrafica& g, double x1, double y1, double z1, double x2, double y2,
@@ -81,8 +116,8 @@ void BV_AggiungiLineaGraf(ModelloGrafica& g, double x1, double y1, double z1, do
     g.Linee.append(l);
 }
 
-void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, const QString& nome1, const QString& nome2,
-                                int colore, int spessore, int stile) {
+void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, QStringView nome1, QStringView nome2, int colore,
+                                int spessore, int stile) {
     const int a = g.TrovaPunto(nome1);
     const int b = g.TrovaPunto(nome2);
     if (a < 0 || b < 0) return;
