@@ -2,12 +2,7 @@
 // picture drawn offscreen through the same painter as the window.
 #include "comandi.h"
 #include "grafica.h"
-
-#include "TelaQt.h"
-
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
+#include "modulo_disegno.h"
 
 namespace tavolet::cli {
 
@@ -105,7 +100,7 @@ const Registra png({{"grafica", "png"},
                     "disegna IN in un'immagine PNG (1280x800 se non detto)",
                     2,
                     [](Contesto& c) {
-                        if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+                        if (!Disegno().Caricato()) {
                             c.piattaforma.Messaggio(QStringLiteral("Disegno non disponibile"),
                                                     QStringLiteral("Grafica"), Icona::Critico);
                             return 1;
@@ -115,15 +110,9 @@ const Registra png({{"grafica", "png"},
                         VistaGrafica vista;
                         ModelloGrafica g(&vista);
                         if (const int esito = Carica(c, o, g); esito >= 0) return esito;
-                        QImage immagine(o.larghezza, o.altezza, QImage::Format_RGB32);
-                        immagine.fill(Qt::white);
-                        {
-                            QPainter p(&immagine);
-                            TelaQPainter tela(p, immagine.width(), immagine.height());
-                            BV_RidisegnaGrafica(g, tela);
-                        }
                         const QString out = PercorsoArgomento(o.posizionali[1]);
-                        if (!immagine.save(PercorsoLocale(out), "PNG")) {
+                        const QString locale = PercorsoLocale(out);
+                        if (Disegno().png(&g, o.larghezza, o.altezza, &locale) != 0) {
                             c.piattaforma.Messaggio(
                                 QStringLiteral("Impossibile scrivere il file ") + out,
                                 QStringLiteral("Grafica"), Icona::Critico);

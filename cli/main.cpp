@@ -1,5 +1,6 @@
 // tavolet-cli: the logic of Tavolet without windows, on the scripted platform.
 #include "comandi.h"
+#include "modulo_disegno.h"
 
 #include "copia_estratto.h"
 #include "riordino.h"
@@ -9,7 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
+#include <QLibrary>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -100,6 +101,21 @@ bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
     return true;
 }
 
+const ModuloDisegno& Disegno() {
+    static const ModuloDisegno modulo = [] {
+        ModuloDisegno m;
+        // Beside the program itself, whatever the working folder.
+        const QString cartella = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+        QLibrary libreria(cartella + QStringLiteral("/tavolet-cli-disegno"));
+        if (!libreria.load()) return m;
+        m.applicazione = reinterpret_cast<decltype(m.applicazione)>(
+            libreria.resolve("tavolet_applicazione_disegno"));
+        m.png = reinterpret_cast<decltype(m.png)>(libreria.resolve("tavolet_disegna_png"));
+        return m;
+    }();
+    return modulo;
+}
+
 } // namespace tavolet::cli
 
 int main(int argc, char** argv) {
@@ -110,10 +126,9 @@ int main(int argc, char** argv) {
     bool disegno = false;
     for (int i = 1; i + 1 < argc; ++i)
         disegno = disegno || (qstrcmp(argv[i], "grafica") == 0 && qstrcmp(argv[i + 1], "png") == 0);
-    if (disegno && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::unique_ptr<QCoreApplication> applicazione(disegno ? new QGuiApplication(argc, argv)
-                                                           : new QCoreApplication(argc, argv));
+    std::unique_ptr<QCoreApplication> applicazione(disegno && Disegno().Caricato()
+                                                       ? Disegno().applicazione(&argc, argv)
+                                                       : new QCoreApplication(argc, argv));
     QCoreApplication& app = *applicazione;
     QTextStream out(stdout);
     out.setEncoding(QStringConverter::Utf8);
