@@ -12,6 +12,9 @@ namespace tavolet {
 
 namespace {
 
+// The side of the tiles of one colour, and its power of two.
+constexpr int kPasso = 3, kLato = 1 << kPasso;
+
 quint32 Argb(int colore) {
     return 0xFF000000u | ColoreQB(colore);
 }
@@ -104,6 +107,10 @@ TelaImmagine::TelaImmagine(QImage& immagine, double dpi, CacheGlifi* glifi)
                            f == QImage::Format_ARGB32_Premultiplied)) {
         bits_ = img_.bits();
         riga_ = img_.bytesPerLine();
+        tw_ = (w_ + kLato - 1) / kLato;
+        th_ = (h_ + kLato - 1) / kLato;
+        tinte_.assign(size_t(tw_) * size_t(th_), 0);
+        inDubbio_.assign(tinte_.size(), 0);
     }
 }
 
@@ -120,6 +127,9 @@ double TelaImmagine::TwipsPerPixel() const {
 }
 
 QPainter& TelaImmagine::Pittore() {
+    // What the painter draws is not followed tile by tile: every tile is in doubt again.
+    tuttoInDubbio_ = true;
+    std::fill(tinte_.begin(), tinte_.end(), 0);
     if (!pittore_) {
         pittore_ = std::make_unique<QPainter>(&img_);
         pittore_->setBrush(Qt::NoBrush);
@@ -133,6 +143,58 @@ void TelaImmagine::Pulisci() {
         return;
     }
     for (int y = 0; y < h_; ++y) std::memset(bits_ + y * riga_, 0xFF, size_t(w_) * 4);
+    std::fill(tinte_.begin(), tinte_.end(), 0xFFFFFFFFu);
+    std::fill(inDubbio_.begin(), inDubbio_.end(), 0);
+    daVedere_.clear();
+    tuttoInDubbio_ = false;
+}
+
+void TelaImmagine::Tocca(int tessera, quint32 colore) {
+    quint32& t = tinte_[size_t(tessera)];
+    if (t == colore) return; // still all of it
+    t = 0;
+    if (!inDubbio_[size_t(tessera)]) {
+        inDubbio_[size_t(tessera)] = 1;
+        daVedere_.push_back(tessera);
+    }
+}
+
+void TelaImmagine::Verifica() {
+    glifiDallaVerifica_ = 0;
+    auto vedi = [&](int t) {
+        const int x0 = (t % tw_) * kLato, y0 = (t / tw_) * kLato;
+        const int x1 = std::min(x0 + kLato, w_), y1 = std::min(y0 + kLato, h_);
+        const quint32 c = reinterpret_cast<const quint32*>(bits_ + y0 * riga_)[x0];
+        for (int y = y0; y < y1; ++y) {
+            const quint32* r = reinterpret_cast<const quint32*>(bits_ + y * riga_);
+            for (int x = x0; x < x1; ++x)
+                if (r[x] != c) {
+                    tinte_[size_t(t)] = 0;
+                    return;
+                }
+        }
+        tinte_[size_t(t)] = c;
+    };
+    if (tuttoInDubbio_) {
+        tuttoInDubbio_ = false;
+        for (int t = 0; t < int(tinte_.size()); ++t) vedi(t);
+    } else {
+        for (int t : daVedere_) vedi(t);
+    }
+    for (int t : daVedere_) inDubbio_[size_t(t)] = 0;
+    daVedere_.clear();
+}
+
+bool TelaImmagine::TuttoDiColore(int x0, int y0, int x1, int y1, quint32 colore) const {
+    if (tuttoInDubbio_) return false;
+    x0 = std::max(x0, 0) >> kPasso;
+    y0 = std::max(y0, 0) >> kPasso;
+    x1 = std::min(x1, w_ - 1) >> kPasso;
+    y1 = std::min(y1, h_ - 1) >> kPasso;
+    for (int ty = y0; ty <= y1; ++ty)
+        for (int tx = x0; tx <= x1; ++tx)
+            if (tinte_[size_t(ty * tw_ + tx)] != colore) return false;
+    return true;
 }
 
 void TelaImmagine::Scala(double x1, double y1, double x2, double y2) {
@@ -148,6 +210,7 @@ QPointF TelaImmagine::Mappa(double x, double y) const {
 
 inline void TelaImmagine::Pixel(int x, int y, quint32 colore) {
     reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
+    Tocca((y >> kPasso) * tw_ + (x >> kPasso), colore);
 }
 
 inline void TelaImmagine::Miscela(int x, int y, quint32 colore, int alfa) {
@@ -253,6 +316,8 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
         if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
             gy + g.altezza <= 0)
             continue;
+        const int ux = gx + g.larghezza - 1, uy = gy + g.altezza - 1;
+        if (mappa_ && TuttoDiColore(gx, gy, ux, uy, colore)) continue;
         const bool dentro = gx >= 0 && gy >= 0 && gx + g.larghezza <= w_ && gy + g.altezza <= h_;
         const quint8* cop = g.copertura.data();
         for (const CacheGlifi::Tratto& t : g.tratti) {
@@ -264,6 +329,10 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
                 Miscela(px, y, colore, cop[k]);
             }
         }
+        for (int ty = std::max(gy, 0) >> kPasso; ty <= std::min(uy, h_ - 1) >> kPasso; ++ty)
+            for (int tx = std::max(gx, 0) >> kPasso; tx <= std::min(ux, w_ - 1) >> kPasso; ++tx)
+                Tocca(ty * tw_ + tx, colore);
+        if (++glifiDallaVerifica_ >= 256) Verifica();
     }
     return true;
 }

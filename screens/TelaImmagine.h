@@ -75,6 +75,10 @@ public:
     void Testo(double x, double y, const QString& testo, const QString& font, double altezzaPixel,
                double angolo, int colore) override;
 
+    // Tiles known to be of one colour let a glyph that would change no pixel be passed over;
+    // on by default, off in the tests that prove the picture is the same.
+    void UsaMappaTinte(bool si) { mappa_ = si; }
+
 private:
     QPointF Mappa(double x, double y) const;
     QPainter& Pittore();
@@ -94,6 +98,20 @@ private:
     CacheGlifi::Faccia* ultima_ = nullptr;
     QString ultimaFaccia_;
     int ultimoPixel_ = -1;
+    // Tiles of 8 x 8 pixels known to be all of one colour (0: not known). On a sheet seen
+    // whole the names cover the canvas many times over, and blending a colour into pixels of
+    // that very colour leaves them as they are.
+    void Tocca(int tessera, quint32 colore);
+    void Verifica();
+    bool TuttoDiColore(int x0, int y0, int x1, int y1, quint32 colore) const;
+    bool mappa_ = true;
+    int tw_ = 0, th_ = 0;
+    std::vector<quint32> tinte_;
+    std::vector<quint8> inDubbio_;
+    std::vector<int> daVedere_;
+    bool tuttoInDubbio_ = true;
+    int glifiDallaVerifica_ = 0;
+
     // The rings of the last marker radius, one per eighth of a pixel of the centre.
     int raggio16_ = -1;
     std::array<std::vector<std::pair<int, int>>, 64> anelli_;

@@ -253,6 +253,7 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
             }
             {
                 TelaImmagine tb(b);
+                tb.UsaMappaTinte(false);
                 BV_RidisegnaGrafica(g, tb, {.ritaglia = false});
             }
             ASSERT_EQ(a, b) << "seme " << seme << " passo " << passo;
@@ -273,6 +274,43 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
             BV_ZoomRight(g);
             BV_ZoomUP(g);
         }
+    }
+    // A sheet seen whole on a small canvas, where the names cover every pixel many times and
+    // most glyphs fall on tiles already of their colour: passing them over changes nothing.
+    {
+        OpzioniEstratto o;
+        o.vertici = 20000;
+        VistaGrafica vista;
+        ModelloGrafica g(&vista);
+        CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
+        QImage a(320, 200, QImage::Format_RGB32), b(320, 200, QImage::Format_RGB32);
+        {
+            TelaImmagine ta(a);
+            BV_RidisegnaGrafica(g, ta);
+        }
+        {
+            TelaImmagine tb(b);
+            tb.UsaMappaTinte(false);
+            BV_RidisegnaGrafica(g, tb);
+        }
+        EXPECT_EQ(a, b);
+        EXPECT_EQ(a.pixel(160, 100), qRgb(0, 0, 0)); // the middle of the sheet is all ink
+    }
+    // A tile of one colour that another colour then touches is in doubt again: black drawn
+    // over red on black tiles is drawn.
+    {
+        QImage a(64, 32, QImage::Format_RGB32), b(64, 32, QImage::Format_RGB32);
+        for (QImage* im : {&a, &b}) {
+            TelaImmagine t(*im);
+            t.UsaMappaTinte(im == &a);
+            t.Pulisci();
+            t.Scala(0, 0, 64, 32);
+            for (int y = 0; y < 32; ++y) t.Linea(0, y, 63, y, 1, 0, 0);
+            for (int k = 0; k < 300; ++k) t.Testo(k % 50, k % 20, "W", "Courier New", 11, 0, 0);
+            t.Testo(10, 10, "WWW", "Courier New", 11, 0, 12);
+            t.Testo(10, 10, "WWW", "Courier New", 11, 0, 0);
+        }
+        EXPECT_EQ(a, b);
     }
     // Outside the image, a canvas of no size and a format of its own: nothing written amiss.
     QImage vuota;
