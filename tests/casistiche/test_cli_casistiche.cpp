@@ -9,27 +9,7 @@
 
 using namespace tavolet::test;
 
-namespace {
-
-struct Esito {
-    int codice = -1;
-    QString out, err;
-};
-
-Esito Esegui(const QString& radice, const QStringList& argomenti) {
-    QProcess p;
-    p.start(TAVOLET_CLI, QStringList{"--radice", radice, "--oggi", "15012026"} + argomenti);
-    p.waitForFinished(120000);
-    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
-}
-
-QByteArray Leggi(const QString& p) {
-    QFile f(p);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-} // namespace
+namespace {} // namespace
 
 TEST(CliCasistiche, ListaDxfEProposte) {
     QTemporaryDir dir;
@@ -43,16 +23,16 @@ TEST(CliCasistiche, ListaDxfEProposte) {
                                    dir.filePath("lista.DAT"), "--casistica", "08", "--mappali",
                                    "123", "--estratto", "particella_123.EMP"});
     EXPECT_EQ(lista.codice, 0) << lista.err.toStdString();
-    EXPECT_EQ(Leggi(dir.filePath("lista.DAT")), Dati("casistiche/lista_cad.DAT"));
-    EXPECT_EQ(Leggi(dir.filePath("lista.EMP")), Dati("casistiche/lista_cad.EMP"));
+    EXPECT_EQ(LeggiFile(dir.filePath("lista.DAT")), Dati("casistiche/lista_cad.DAT"));
+    EXPECT_EQ(LeggiFile(dir.filePath("lista.EMP")), Dati("casistiche/lista_cad.EMP"));
     EXPECT_TRUE(lista.err.contains("L'area del nuovo fabbricato supera i 20 mq"));
 
     const Esito dxf =
         Esegui(radice.Percorso(), {"casistica", "dxf", PercorsoDati("casistiche/disegno_rc_nc.dxf"),
                                    dir.filePath("dxf.DAT")});
     EXPECT_EQ(dxf.codice, 0) << dxf.err.toStdString();
-    EXPECT_EQ(Leggi(dir.filePath("dxf.DAT")), Dati("casistiche/disegno_rc_nc.DAT"));
-    EXPECT_EQ(Leggi(dir.filePath("dxf.EMP")), Dati("casistiche/disegno_rc_nc.EMP"));
+    EXPECT_EQ(LeggiFile(dir.filePath("dxf.DAT")), Dati("casistiche/disegno_rc_nc.DAT"));
+    EXPECT_EQ(LeggiFile(dir.filePath("dxf.EMP")), Dati("casistiche/disegno_rc_nc.EMP"));
 
     const Esito binario =
         Esegui(radice.Percorso(), {"casistica", "dxf", PercorsoDati("casistiche/bin_dxf_r12.dxf"),
@@ -76,7 +56,7 @@ TEST(CliCasistiche, ListaDxfEProposte) {
                                          dir.filePath("esplosi.txt")})
                   .codice,
               0);
-    EXPECT_EQ(Leggi(dir.filePath("esplosi.txt")),
+    EXPECT_EQ(LeggiFile(dir.filePath("esplosi.txt")),
               "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|11*|1*|5+|5|30|\r\n");
     QFile g(dir.filePath("tipizzati.txt"));
     ASSERT_TRUE(g.open(QIODevice::WriteOnly));
@@ -86,6 +66,6 @@ TEST(CliCasistiche, ListaDxfEProposte) {
                                          dir.filePath("impl.txt")})
                   .codice,
               0);
-    EXPECT_EQ(Leggi(dir.filePath("impl.txt")),
+    EXPECT_EQ(LeggiFile(dir.filePath("impl.txt")),
               "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|RC|5+|5|30|\r\n7|0|11*|1*|RC|\r\n");
 }

@@ -12,11 +12,6 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Esito {
-    int codice = -1;
-    QString out, err;
-};
-
 struct CliCensuario : ::testing::Test {
     RadiceProva radice;
     QTemporaryDir dir;

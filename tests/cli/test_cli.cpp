@@ -13,21 +13,11 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Esito {
-    int codice = -1;
-    QString out, err;
-};
-
 struct Cli : ::testing::Test {
     QTemporaryDir radice;
     void SetUp() override { CopiaDemo(radice.path()); }
-    Esito Esegui(QStringList argomenti) {
-        argomenti = QStringList{"--radice", radice.path(), "--oggi", "21112026"} + argomenti;
-        QProcess p;
-        p.start(TAVOLET_CLI, argomenti);
-        p.waitForFinished(60000);
-        return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
-                QString::fromUtf8(p.readAllStandardError())};
+    Esito Esegui(const QStringList& argomenti) {
+        return test::Esegui(radice.path(), argomenti, "21112026");
     }
     QString Esempio() const { return radice.path() + "/drive_c/Libretti/ESEMPIO.DAT"; }
 };

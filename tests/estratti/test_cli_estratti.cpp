@@ -11,22 +11,9 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Esito {
-    int codice = -1;
-    QString out, err;
-};
-
-Esito Esegui(const QStringList& argomenti) {
-    QProcess p;
-    p.start(TAVOLET_CLI, QStringList{"--oggi", "15012026"} + argomenti);
-    p.waitForFinished(60000);
-    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
-}
-
-QByteArray Leggi(const QString& p) {
-    QFile f(p);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+// On a fixed day, on the root the environment gives.
+Esito Estratto(const QStringList& argomenti) {
+    return Esegui(QStringList{"--oggi", "15012026"} + argomenti);
 }
 
 } // namespace
@@ -34,28 +21,28 @@ QByteArray Leggi(const QString& p) {
 TEST(CliEstratti, InfoDatiRiscriviPulisci) {
     QTemporaryDir dir;
     const QString in = PercorsoDati("estratti/realistico.EMP");
-    const Esito info = Esegui({"estratto", "info", in});
+    const Esito info = Estratto({"estratto", "info", in});
     EXPECT_EQ(info.codice, 0) << info.err.toStdString();
     EXPECT_EQ(info.out, QString::fromLatin1(Dati("estratti/realistico_info.txt")));
 
-    const Esito dati = Esegui({"estratto", "dati", in});
+    const Esito dati = Estratto({"estratto", "dati", in});
     EXPECT_EQ(dati.out, "Comune=A001\nFoglio=0120\nParticelle=257,258\nEstMedio=-3725\n");
 
     const QString out = dir.filePath("copia.EMP");
-    EXPECT_EQ(Esegui({"estratto", "riscrivi", in, out}).codice, 0);
-    EXPECT_EQ(Leggi(out), Dati("estratti/realistico_salvato.EMP"));
-    EXPECT_EQ(Leggi(in), Dati("estratti/realistico.EMP")); // the input stays as it was
+    EXPECT_EQ(Estratto({"estratto", "riscrivi", in, out}).codice, 0);
+    EXPECT_EQ(LeggiFile(out), Dati("estratti/realistico_salvato.EMP"));
+    EXPECT_EQ(LeggiFile(in), Dati("estratti/realistico.EMP")); // the input stays as it was
 
     QFile::copy(in, dir.filePath("p.EMP"));
-    EXPECT_EQ(Esegui({"estratto", "pulisci", dir.filePath("p.EMP")}).codice, 0);
-    EXPECT_EQ(Leggi(dir.filePath("p.EMP")), Dati("estratti/realistico_pulito.EMP"));
+    EXPECT_EQ(Estratto({"estratto", "pulisci", dir.filePath("p.EMP")}).codice, 0);
+    EXPECT_EQ(LeggiFile(dir.filePath("p.EMP")), Dati("estratti/realistico_pulito.EMP"));
 
     // An extract without vertices: the error report on stderr, exit status 1.
     QFile f(dir.filePath("vuoto.EMP"));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write("0|15032024|P|A001|00120|1|PD|0|0|0|\r\n");
     f.close();
-    const Esito vuoto = Esegui({"estratto", "info", dir.filePath("vuoto.EMP")});
+    const Esito vuoto = Estratto({"estratto", "info", dir.filePath("vuoto.EMP")});
     EXPECT_EQ(vuoto.codice, 1);
     EXPECT_TRUE(vuoto.err.contains("Nella Routine EsplodiEstratto"));
     EXPECT_TRUE(vuoto.out.contains("EstrattoComune=A001\n"));
@@ -146,19 +133,19 @@ TEST(CliEstratti, ArchivioCxfUnione) {
     QTemporaryDir dir;
     QFile::copy(PercorsoDati("estratti/H501D076700.CTF"), dir.filePath("roma.ctf"));
     const Esito cxf =
-        Esegui({"estratto", "dacxf", dir.filePath("roma.ctf"), dir.filePath("R.EMP")});
+        Estratto({"estratto", "dacxf", dir.filePath("roma.ctf"), dir.filePath("R.EMP")});
     EXPECT_EQ(cxf.codice, 0) << cxf.err.toStdString();
     EXPECT_TRUE(cxf.err.contains("NON TROVATO!\n\n Sarà impossibile attribuire le superfici"));
-    EXPECT_EQ(Leggi(dir.filePath("R.EMP")), Dati("estratti/H501D076700.EMP"));
-    EXPECT_EQ(Leggi(dir.filePath("R.PNG")), "filevuoto\r\n");
+    EXPECT_EQ(LeggiFile(dir.filePath("R.EMP")), Dati("estratti/H501D076700.EMP"));
+    EXPECT_EQ(LeggiFile(dir.filePath("R.PNG")), "filevuoto\r\n");
 
-    const Esito unisci = Esegui({"estratto", "unisci", dir.filePath("R.EMP"), dir.filePath("R.EMP"),
-                                 dir.filePath("RR.EMP")});
+    const Esito unisci = Estratto({"estratto", "unisci", dir.filePath("R.EMP"),
+                                   dir.filePath("R.EMP"), dir.filePath("RR.EMP")});
     EXPECT_EQ(unisci.codice, 0);
-    EXPECT_EQ(Leggi(dir.filePath("RR.EMP")).count("\r\n8|"),
-              Leggi(dir.filePath("R.EMP")).count("\r\n8|"));
-    const Esito manca = Esegui({"estratto", "unisci", dir.filePath("R.EMP"), dir.filePath("NO.EMP"),
-                                dir.filePath("X.EMP")});
+    EXPECT_EQ(LeggiFile(dir.filePath("RR.EMP")).count("\r\n8|"),
+              LeggiFile(dir.filePath("R.EMP")).count("\r\n8|"));
+    const Esito manca = Estratto({"estratto", "unisci", dir.filePath("R.EMP"),
+                                  dir.filePath("NO.EMP"), dir.filePath("X.EMP")});
     EXPECT_EQ(manca.codice, 1);
     EXPECT_FALSE(QFile::exists(dir.filePath("X.EMP")));
 }

@@ -8,22 +8,7 @@
 
 using namespace tavolet::test;
 
-namespace {
-
-struct Esito {
-    int codice = -1;
-    QString out, err;
-};
-
-Esito Esegui(const QString& radice, const QStringList& argomenti) {
-    QProcess p;
-    p.start(TAVOLET_CLI, QStringList{"--radice", radice, "--oggi", "15012026"} + argomenti);
-    p.waitForFinished(60000);
-    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
-}
-
-} // namespace
+namespace {} // namespace
 
 TEST(CliFiduciali, ElencoRighe8Misurate) {
     RadiceProva r;

@@ -14,7 +14,7 @@ using namespace tavolet::test;
 
 namespace {
 
-int Esegui(const QString& programma, const QStringList& argomenti, QString* uscita = nullptr) {
+int Lancia(const QString& programma, const QStringList& argomenti, QString* uscita = nullptr) {
     QProcess pr;
     pr.start(programma, argomenti);
     if (!pr.waitForFinished(120000)) {
@@ -32,12 +32,12 @@ TEST(Consumatori, LaPaginaHTMLSiVedeInChromium) {
     QTemporaryDir dir;
     const QString html = dir.filePath("g.html");
     QString uscita;
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "html", PercorsoDati("grafica/ESTRATTO.EMP"), html},
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "html", PercorsoDati("grafica/ESTRATTO.EMP"), html},
                      &uscita),
               0)
         << uscita.toStdString();
     const QString png = dir.filePath("g.png");
-    Esegui("/usr/bin/chromium",
+    Lancia("/usr/bin/chromium",
            {"--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
             "--user-data-dir=" + dir.filePath("profilo"), "--window-size=1100,1100",
             "--screenshot=" + png, "file://" + html},
@@ -61,18 +61,18 @@ TEST(Consumatori, GraficaDaRigaDiComando) {
     const QString in = PercorsoDati("grafica/ESTRATTO.EMP");
     auto file = [&](const QString& n) { return dir.filePath(n); };
     QString uscita;
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "dxf", in, file("a.dxf")}, &uscita), 0)
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", in, file("a.dxf")}, &uscita), 0)
         << uscita.toStdString();
     EXPECT_EQ(LeggiByte(file("a.dxf")), Dati("grafica/ESTRATTO.DXF"));
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "stampa", in, file("s.txt")}), 0);
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "stampa", in, file("s.txt")}), 0);
     EXPECT_EQ(LeggiByte(file("s.txt")), Dati("grafica/ESTRATTO_STAMPE.TXT"));
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "copiainfile", in, file("c.txt")}), 0);
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "copiainfile", in, file("c.txt")}), 0);
     EXPECT_EQ(LeggiByte(file("c.txt")), Dati("grafica/ESTRATTO_COPIAINFILE.TXT"));
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "html", in, file("h.html")}), 0);
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "html", in, file("h.html")}), 0);
     EXPECT_EQ(LeggiByte(file("h.html")), Dati("grafica/ESTRATTO.HTML"));
 
     // The switches: no names, no toponyms, no fiducial points.
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "dxf", in, file("b.dxf"), "--nomi-no",
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", in, file("b.dxf"), "--nomi-no",
                                    "--toponimi-no", "--pf-no"}),
               0);
     const QString b = LeggiTesto(file("b.dxf"));
@@ -80,13 +80,13 @@ TEST(Consumatori, GraficaDaRigaDiComando) {
     EXPECT_FALSE(b.contains("\r\n1T\r\n"));
     EXPECT_FALSE(b.contains("\r\n 257\r\n"));
     // The Proposta of a .sur.
-    ASSERT_EQ(Esegui(TAVOLET_CLI, {"grafica", "copiainfile", PercorsoDati("grafica/PROPOSTA.SUR"),
+    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "copiainfile", PercorsoDati("grafica/PROPOSTA.SUR"),
                                    file("p.txt"), "--proposta"}),
               0);
     EXPECT_EQ(LeggiByte(file("p.txt")), Dati("grafica/PROPOSTA_COPIAINFILE.TXT"));
 
     ASSERT_EQ(
-        Esegui(TAVOLET_CLI,
+        Lancia(TAVOLET_CLI,
                {"grafica", "png", in, file("g.png"), "--larghezza", "640", "--altezza", "400"},
                &uscita),
         0)
@@ -99,9 +99,9 @@ TEST(Consumatori, GraficaDaRigaDiComando) {
     EXPECT_GT(scuri, 300);
 
     // Bad use and missing files.
-    EXPECT_EQ(Esegui(TAVOLET_CLI, {"grafica", "dxf", in}), 2);
-    EXPECT_EQ(Esegui(TAVOLET_CLI, {"grafica", "png", in, file("x.png"), "--larghezza", "0"}), 2);
-    EXPECT_EQ(Esegui(TAVOLET_CLI, {"grafica", "dxf", file("manca.EMP"), file("x.dxf")}, &uscita),
+    EXPECT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", in}), 2);
+    EXPECT_EQ(Lancia(TAVOLET_CLI, {"grafica", "png", in, file("x.png"), "--larghezza", "0"}), 2);
+    EXPECT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", file("manca.EMP"), file("x.dxf")}, &uscita),
               1);
     EXPECT_TRUE(uscita.contains("manca.EMP")) << uscita.toStdString();
 }

@@ -10,17 +10,12 @@ using namespace tavolet::test;
 
 namespace {
 
-int Esegui(const QString& radice, const QStringList& argomenti, QString* err = nullptr) {
+int Lancia(const QString& radice, const QStringList& argomenti, QString* err = nullptr) {
     QProcess p;
     p.start(TAVOLET_CLI, QStringList{"--radice", radice, "--oggi", "15012026"} + argomenti);
     p.waitForFinished(120000);
     if (err) *err = QString::fromUtf8(p.readAllStandardError());
     return p.exitCode();
-}
-
-QByteArray Leggi(const QString& p) {
-    QFile f(p);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 void Scrivi(const QString& p, const QByteArray& b) {
@@ -42,7 +37,7 @@ TEST(CliStampa, ModelloEPdf) {
     Scrivi(dir.filePath("righe.txt"), "8|1|100.000|200.000|   \r\n7|3|1|2|1|RC|\r\n");
     QString err;
     EXPECT_EQ(
-        Esegui(radice.Percorso(),
+        Lancia(radice.Percorso(),
                {"--si", "stampa", "modello", PercorsoDati("stampa/Relazione.rtf"),
                 dir.filePath("ROSSI.DAT"), dir.filePath("righe.txt"), dir.filePath("out.rtf")},
                &err),
@@ -50,14 +45,14 @@ TEST(CliStampa, ModelloEPdf) {
         << err.toStdString();
     if (qEnvironmentVariableIsSet("TAVOLET_RIGENERA")) {
         QFile g(PercorsoDati("stampa/Relazione_compilata_cli.rtf"));
-        if (g.open(QIODevice::WriteOnly)) g.write(Leggi(dir.filePath("out.rtf")));
+        if (g.open(QIODevice::WriteOnly)) g.write(LeggiFile(dir.filePath("out.rtf")));
     }
-    EXPECT_EQ(Leggi(dir.filePath("out.rtf")), Dati("stampa/Relazione_compilata_cli.rtf"));
+    EXPECT_EQ(LeggiFile(dir.filePath("out.rtf")), Dati("stampa/Relazione_compilata_cli.rtf"));
 
-    EXPECT_EQ(Esegui(radice.Percorso(), {"stampa", "pdf", dir.filePath("righe.txt"),
+    EXPECT_EQ(Lancia(radice.Percorso(), {"stampa", "pdf", dir.filePath("righe.txt"),
                                          dir.filePath("out.pdf"), "--orizzontale"}),
               0);
-    const QByteArray pdf = Leggi(dir.filePath("out.pdf"));
+    const QByteArray pdf = LeggiFile(dir.filePath("out.pdf"));
     EXPECT_TRUE(pdf.contains("/MediaBox [0 0 841.89 595.28]"));
     QProcess q;
     q.start("pdftotext", {dir.filePath("out.pdf"), "-"});
@@ -67,7 +62,7 @@ TEST(CliStampa, ModelloEPdf) {
     EXPECT_TRUE(testo.contains("8|1|100.000|200.000|")) << testo.toStdString();
     EXPECT_TRUE(testo.contains("7|3|1|2|1|RC|"));
 
-    EXPECT_EQ(Esegui(radice.Percorso(),
+    EXPECT_EQ(Lancia(radice.Percorso(),
                      {"stampa", "pdf", dir.filePath("manca.txt"), dir.filePath("x.pdf")}),
               1);
 }

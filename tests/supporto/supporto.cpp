@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -74,6 +75,19 @@ QByteArray Dati(const QString& nome) {
     QFile f(PercorsoDati(nome));
     EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << PercorsoDati(nome).toStdString();
     return f.readAll();
+}
+
+QByteArray LeggiFile(const QString& percorso) {
+    QFile f(percorso);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+Esito EseguiProgramma(const QString& programma, const QStringList& argomenti, int attesaMs) {
+    QProcess p;
+    p.start(programma, argomenti);
+    p.waitForFinished(attesaMs);
+    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
+            QString::fromUtf8(p.readAllStandardError())};
 }
 
 QByteArray Righe(const QStringList& righe) {

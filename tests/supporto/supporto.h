@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -61,5 +62,28 @@ QByteArray Righe(const QStringList& righe);
 // A comunt.dat record as Pregeo's table holds it (the 2-byte header "@B" in front).
 QByteArray RecordComune(QChar sezione, const QString& codice, const QString& sigla,
                         const QString& nome, const QString& aggiuntivo);
+
+// Bytes of any file; empty when it cannot be read.
+QByteArray LeggiFile(const QString& percorso);
+
+// A program run as a script runs it: exit status, stdout and stderr.
+struct Esito {
+    int codice = -1;
+    QString out, err;
+};
+Esito EseguiProgramma(const QString& programma, const QStringList& argomenti,
+                      int attesaMs = 120000);
+
+#ifdef TAVOLET_CLI
+// tavolet-cli with those arguments.
+inline Esito Esegui(const QStringList& argomenti, int attesaMs = 120000) {
+    return EseguiProgramma(QStringLiteral(TAVOLET_CLI), argomenti, attesaMs);
+}
+// On a root, on a fixed day.
+inline Esito Esegui(const QString& radice, const QStringList& argomenti,
+                    const QString& oggi = QStringLiteral("15012026")) {
+    return Esegui(QStringList{"--radice", radice, "--oggi", oggi} + argomenti);
+}
+#endif
 
 } // namespace tavolet::test
