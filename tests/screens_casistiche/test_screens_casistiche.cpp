@@ -30,18 +30,6 @@ using namespace tavolet::test;
 
 namespace {
 
-QPushButton* Pulsante(QWidget* w, const QString& caption) {
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == caption) return b;
-    return nullptr;
-}
-
-void Clic(QWidget* w, const QString& caption) {
-    QPushButton* b = Pulsante(w, caption);
-    ASSERT_NE(b, nullptr) << caption.toStdString();
-    QTest::mouseClick(b, Qt::LeftButton);
-}
-
 struct Schermi : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();

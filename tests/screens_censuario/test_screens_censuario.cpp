@@ -27,18 +27,6 @@ using namespace tavolet::test;
 
 namespace {
 
-void Clic(QListWidget* l, int riga, bool doppio = false) {
-    l->scrollToItem(l->item(riga));
-    const QPoint p = l->visualItemRect(l->item(riga)).center();
-    QTest::mouseClick(l->viewport(), Qt::LeftButton, {}, p);
-    if (doppio) QTest::mouseDClick(l->viewport(), Qt::LeftButton, {}, p);
-}
-
-void Premi(QPushButton* b) {
-    ASSERT_NE(b, nullptr);
-    QTest::mouseClick(b, Qt::LeftButton);
-}
-
 QStringList Attese(const QString& nome) {
     return RigheDiTesto(DaWindows1252(Dati(QStringLiteral("censuario/") + nome)));
 }

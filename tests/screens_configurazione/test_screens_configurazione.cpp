@@ -5,6 +5,7 @@
 #include "FormCatasto1TXT.h"
 #include "libretto.h"
 #include "piattaforma_finta.h"
+#include "schermi.h"
 #include "supporto.h"
 
 #include <QApplication>
@@ -23,18 +24,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-QPushButton* Pulsante(QWidget* w, const QString& caption, int quale = 0) {
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == caption && quale-- == 0) return b;
-    return nullptr;
-}
-
-void Clic(QWidget* w, const QString& caption) {
-    QPushButton* b = Pulsante(w, caption);
-    ASSERT_NE(b, nullptr) << caption.toStdString();
-    QTest::mouseClick(b, Qt::LeftButton);
-}
 
 // Types a text into a field and leaves it, as the operator does with Tab.
 void Digita(QLineEdit* campo, const QString& testo) {

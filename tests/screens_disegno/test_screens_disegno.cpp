@@ -26,12 +26,6 @@ using namespace tavolet::test;
 
 namespace {
 
-QPushButton* PulsanteDi(QWidget* w, const QString& caption) {
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == caption) return b;
-    return nullptr;
-}
-
 int Terminazioni(const PiattaformaFinta& p) {
     int n = 0;
     for (const Evento& e : p.eventi)
@@ -95,8 +89,8 @@ TEST_F(SchermoDisegno, RilievoRealisticoGeneraIlLibretto) {
                                                  "0.0005 (5cc)", "0.0002 (2cc)", "0.0001 (1cc)"}));
     EXPECT_EQ(f.Precisioni()->currentRow(), 3);
     EXPECT_EQ(f.Righe8()->title(), "Generazione Righe 8");
-    EXPECT_NE(PulsanteDi(&f, "&Genera Libretto Misure"), nullptr);
-    EXPECT_NE(PulsanteDi(&f, "&Chiudi"), nullptr);
+    EXPECT_NE(Pulsante(&f, "&Genera Libretto Misure"), nullptr);
+    EXPECT_NE(Pulsante(&f, "&Chiudi"), nullptr);
 
     // The old libretto in view; the lines of the survey, the one drawn twice and the one that
     // ends nowhere counted once and not at all.
@@ -131,7 +125,7 @@ TEST_F(SchermoDisegno, RilievoRealisticoGeneraIlLibretto) {
         }
     });
     chiudi.start(20);
-    QTest::mouseClick(PulsanteDi(&f, "&Genera Libretto Misure"), Qt::LeftButton);
+    QTest::mouseClick(Pulsante(&f, "&Genera Libretto Misure"), Qt::LeftButton);
     chiudi.stop();
     EXPECT_EQ(aperti, QStringList{"tavolet::BV_StampaGenerale"});
 
@@ -184,10 +178,10 @@ TEST_F(SchermoDisegno, StatoDiProgettoSenzaStazioniEChiudi) {
         EXPECT_EQ(Voci(f.ListaLinee()), QStringList{"100 - 200"});
         f.show();
         // Without an orientation the generation asks for one and changes nothing.
-        QTest::mouseClick(PulsanteDi(&f, "&Genera Libretto Misure"), Qt::LeftButton);
+        QTest::mouseClick(Pulsante(&f, "&Genera Libretto Misure"), Qt::LeftButton);
         EXPECT_EQ(p.Messaggi(), QStringList{"Orientamento stazioni: Selezionare una modalità di "
                                             "Orientamento delle stazioni!"});
-        EXPECT_TRUE(PulsanteDi(&f, "&Genera Libretto Misure")->isVisible());
+        EXPECT_TRUE(Pulsante(&f, "&Genera Libretto Misure")->isVisible());
         EXPECT_FALSE(EsisteFile(s.amb.CartellaDocumenti + "\\Bravanta\\LibrettoDaDisegno.TXT"));
         // Esc closes the screen and nothing more.
         QTest::keyClick(&f, Qt::Key_Escape);
@@ -207,10 +201,10 @@ TEST_F(SchermoDisegno, StatoDiProgettoSenzaStazioniEChiudi) {
         EXPECT_EQ(p.Messaggi(), QStringList{"Libretto da Disegno: Non è stata trovata nessuna "
                                             "Stazione nel Disegno!"});
         EXPECT_EQ(p.eventi.last().icona, Icona::Informazione);
-        EXPECT_FALSE(PulsanteDi(&f, "&Genera Libretto Misure")->isEnabled());
+        EXPECT_FALSE(Pulsante(&f, "&Genera Libretto Misure")->isEnabled());
         EXPECT_EQ(f.grafica()->Modello().ContaPunti(), 2);
         f.show();
-        QTest::mouseClick(PulsanteDi(&f, "&Chiudi"), Qt::LeftButton);
+        QTest::mouseClick(Pulsante(&f, "&Chiudi"), Qt::LeftButton);
         EXPECT_FALSE(f.isVisible());
         EXPECT_TRUE(f.ProcessoTerminato());
         EXPECT_EQ(Terminazioni(p), 1);
@@ -243,14 +237,14 @@ TEST_F(SchermoDisegno, ParolaLibrettoDaDisegno) {
         QWidget* w = QApplication::activeModalWidget();
         if (auto* c = qobject_cast<FormCatasto1TXT*>(w)) {
             aperti << "FormCatasto1TXT";
-            QTest::mouseClick(PulsanteDi(c, annullaTestata ? "&Annulla" : "&Conferma"),
+            QTest::mouseClick(Pulsante(c, annullaTestata ? "&Annulla" : "&Conferma"),
                               Qt::LeftButton);
             if (c->isVisible()) c->reject();
         } else if (auto* d = qobject_cast<LibrettoDaDisegno*>(w)) {
             aperti << "LibrettoDaDisegno";
             titoloDisegno = d->windowTitle();
             if (azioneDisegno == "chiudi")
-                QTest::mouseClick(PulsanteDi(d, "&Chiudi"), Qt::LeftButton);
+                QTest::mouseClick(Pulsante(d, "&Chiudi"), Qt::LeftButton);
             else
                 QTest::keyClick(d, Qt::Key_Escape);
         } else if (!w && form.isVisible()) {

@@ -27,18 +27,6 @@ using namespace tavolet::test;
 
 namespace {
 
-QPushButton* Pulsante(QWidget* w, const QString& caption) {
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == caption) return b;
-    return nullptr;
-}
-
-void Clic(QWidget* w, const QString& caption) {
-    QPushButton* b = Pulsante(w, caption);
-    ASSERT_NE(b, nullptr) << caption.toStdString();
-    QTest::mouseClick(b, Qt::LeftButton);
-}
-
 void Seleziona(BV_EstrattiDiMappa1& f, const QString& nome) {
     const auto voci = f.Lista()->findItems(nome, Qt::MatchFixedString);
     ASSERT_FALSE(voci.isEmpty()) << nome.toStdString();

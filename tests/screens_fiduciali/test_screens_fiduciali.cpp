@@ -50,11 +50,6 @@ template <class T> void QuandoSiApre(std::function<void(T*)> fai) {
     timer->start(20);
 }
 
-void Clic(QPushButton* b) {
-    ASSERT_NE(b, nullptr);
-    QTest::mouseClick(b, Qt::LeftButton);
-}
-
 struct SchermiFiduciali : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();
@@ -208,19 +203,19 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
     ASSERT_EQ(t.Conta(), 7);
     EXPECT_EQ(f.Disegno()->Modello().ContaPunti(), 7);
 
-    Clic(f.Pulsante("Tutti"));
+    Premi(f.Pulsante("Tutti"));
     EXPECT_EQ(t.Selezionati(), 7);
     EXPECT_EQ(f.Disegno()->Modello().Punti[0].Colore, 12); // the selected in red
-    Clic(f.Pulsante("Inverti"));
+    Premi(f.Pulsante("Inverti"));
     EXPECT_EQ(t.Selezionati(), 0);
     EXPECT_EQ(f.Disegno()->Modello().Punti[0].Colore, 9);
-    Clic(f.Pulsante("Seleziona EX PF"));
+    Premi(f.Pulsante("Seleziona EX PF"));
     EXPECT_EQ(Scelti(t), QStringList({"PF12/012A/A001"}));
 
     // A click selects the nearest point; another click on it takes it away.
     ClicSulPunto(f, t.record[1]);
     EXPECT_EQ(Scelti(t), QStringList({"PF02/0100/A001", "PF12/012A/A001"}));
-    Clic(f.Pulsante("Stampa Lista PF Selezionati"));
+    Premi(f.Pulsante("Stampa Lista PF Selezionati"));
     const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_Fiduciali";
     ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_Fiduciali.CSV");
     ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_Fiduciali.TXT");
@@ -228,7 +223,7 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
     EXPECT_EQ(Scelti(t), QStringList({"PF12/012A/A001"}));
 
     // The pointer over a point: its code, the scale; with two selected, their distance.
-    Clic(f.Pulsante("Nessuno"));
+    Premi(f.Pulsante("Nessuno"));
     ClicSulPunto(f, t.record[2]);
     ClicSulPunto(f, t.record[0]);
     QTest::mouseMove(f.Tela(), Pixel(f, t.record[0].est, t.record[0].nord));
@@ -242,7 +237,7 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
         d->setDoubleValue(450);
         d->accept();
     });
-    Clic(f.Pulsante("Intorno"));
+    Premi(f.Pulsante("Intorno"));
     EXPECT_EQ(Scelti(t), QStringList({"PF01/0100/A001", "PF02/0100/A001", "PF03/0100/A001",
                                       "PF04/0100/A001"}));
     // "Foglio": the sheets of the table, one chosen.
@@ -252,23 +247,23 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
         d->setTextValue("012A");
         d->accept();
     });
-    Clic(f.Pulsante("Foglio"));
+    Premi(f.Pulsante("Foglio"));
     EXPECT_EQ(fogli, QStringList({"0100", "012A", "0150"}));
     EXPECT_EQ(Scelti(t), QStringList({"PF05/012A/A001", "PF12/012A/A001"}));
     p.eventi.clear();
-    Clic(f.Pulsante("Monografia PF Selezionato"));
+    Premi(f.Pulsante("Monografia PF Selezionato"));
     ASSERT_EQ(p.eventi.size(), 1);
     EXPECT_TRUE(p.eventi[0].testo.endsWith("comune=A001&co=PF05/012A/A001"));
 
     // The measures of the archive between PF01, PF02, PF03 and PF05, then the copy.
-    Clic(f.Pulsante("Nessuno"));
+    Premi(f.Pulsante("Nessuno"));
     for (int i : {0, 1, 2, 3}) ClicSulPunto(f, t.record[i]);
     ASSERT_EQ(t.Selezionati(), 4);
-    Clic(f.Pulsante("Mostra Misurate"));
+    Premi(f.Pulsante("Mostra Misurate"));
     EXPECT_EQ(t.misure.size(), 3);
     EXPECT_EQ(f.Disegno()->Modello().ContaLinee(), 3);
     p.eventi.clear();
-    Clic(f.Pulsante("Copia nel Disegno i PF Selezonati"));
+    Premi(f.Pulsante("Copia nel Disegno i PF Selezonati"));
     const QString bravanta = s.amb.CartellaDocumenti + "\\Bravanta\\TEMP\\";
     ConfrontaGolden(LeggiByte(bravanta + "CopiaInFile.txt"), "fiduciali/CopiaInFile.txt");
     EXPECT_EQ(LeggiByte(bravanta + "EseguiIncollaDaFile.TXT"), "EseguiIncolaDaFile\r\n");
@@ -277,20 +272,20 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
     f.grab().save("/tmp/bv_elcopfgrafica.png");
 
     p.risposte << Risposta::Si;
-    Clic(f.Pulsante("Salva in DXF"));
+    Premi(f.Pulsante("Salva in DXF"));
     ConfrontaGolden(LeggiByte(s.amb.CartellaLavoro + "\\GraficaPF.DXF"), "fiduciali/GraficaPF.DXF");
     EXPECT_EQ(p.Messaggi().last(),
               "Salva in DXF: Salvato il file " + s.amb.CartellaLavoro + "\\GraficaPF.DXF");
     EXPECT_EQ(p.Domande().last(), "Apertura file DXF : Aprire il file DXF ?");
     EXPECT_TRUE(p.eventi.last().testo.endsWith("GraficaPF.DXF"));
 
-    Clic(f.Pulsante("Copia Schermo"));
+    Premi(f.Pulsante("Copia Schermo"));
     EXPECT_EQ(p.Messaggi().last(), "Copia Schermo: Contenuto Schermo copiato negli Appunti!");
     EXPECT_FALSE(QGuiApplication::clipboard()->image().isNull());
 
     // The print file of the plot, then Print.exe on it, waited for.
     p.eventi.clear();
-    Clic(f.Pulsante("Anteprima di Stampa Grafica"));
+    Premi(f.Pulsante("Anteprima di Stampa Grafica"));
     const QString stampe = LeggiTesto(s.amb.CartellaProgramma + "\\Stampe.TXT");
     EXPECT_EQ(stampe.count("\r\nC,") + stampe.startsWith("C,"), 7);
     EXPECT_EQ(stampe.count("\r\nL,") + stampe.startsWith("L,"), 3);
@@ -299,9 +294,9 @@ TEST_F(SchermiFiduciali, GraficaSelezioniEComandi) {
     EXPECT_TRUE(p.eventi.last().titolo.endsWith("print.exe", Qt::CaseInsensitive))
         << p.eventi.last().titolo.toStdString();
 
-    Clic(f.Pulsante("Gaussiane")); // nothing national here: the selection stays
+    Premi(f.Pulsante("Gaussiane")); // nothing national here: the selection stays
     EXPECT_EQ(t.Selezionati(), 4);
-    Clic(f.Pulsante("&Chiudi"));
+    Premi(f.Pulsante("&Chiudi"));
     EXPECT_FALSE(f.isVisible());
     EXPECT_TRUE(p.impostazioni.contains("POSIZIONE_FORMx/BV_ElcoPFGrafica"));
 }
@@ -314,8 +309,8 @@ TEST_F(SchermiFiduciali, GraficaDelComuneIntero) {
     BV_ElcoPFGrafica f(s, "A001", codici);
     f.show();
     ASSERT_EQ(f.Tabella().Conta(), 8);
-    Clic(f.Pulsante("Tutti"));
-    Clic(f.Pulsante("Gaussiane"));
+    Premi(f.Pulsante("Tutti"));
+    Premi(f.Pulsante("Gaussiane"));
     EXPECT_EQ(f.Tabella().Selezionati(), 7);
     EXPECT_FALSE(Scelti(f.Tabella()).contains("PF07/0140/A001"));
     // No TAF: the plot is empty, and its commands go through.
@@ -324,7 +319,7 @@ TEST_F(SchermiFiduciali, GraficaDelComuneIntero) {
     EXPECT_EQ(vuota.Disegno()->Modello().ContaPunti(), 0);
     for (const char* c : {"Tutti", "Inverti", "Mostra Misurate", "Monografia PF Selezionato",
                           "Stampa Lista PF Selezionati"})
-        Clic(vuota.Pulsante(c));
+        Premi(vuota.Pulsante(c));
     EXPECT_EQ(s.ErroriMostrati, 0);
     // A province with no archive: the stop message, no measure.
     CampiTaf c;
@@ -332,9 +327,9 @@ TEST_F(SchermiFiduciali, GraficaDelComuneIntero) {
     radice.Scrivi("C:\\fiducial\\DATI\\L736.TAF", AWindows1252(RigaTafCampi(c) + "\r\n"));
     BV_ElcoPFGrafica venezia(s, "L736", {"PF01/0100/L736"});
     ASSERT_EQ(venezia.Tabella().Conta(), 1);
-    Clic(venezia.Pulsante("Tutti"));
+    Premi(venezia.Pulsante("Tutti"));
     p.eventi.clear();
-    Clic(venezia.Pulsante("Mostra Misurate"));
+    Premi(venezia.Pulsante("Mostra Misurate"));
     EXPECT_EQ(p.Messaggi(), QStringList({"MettiDistanzeMisurate: Manca la Provincia VENEZIA\r\n"
                                          "Installare "}));
     EXPECT_TRUE(venezia.Tabella().misure.isEmpty());
@@ -359,7 +354,7 @@ TEST_F(SchermiFiduciali, ImportaFiducialiDalFormPrincipale) {
     ASSERT_EQ(prima.size(), 6);
 
     // Closed without importing: nothing changes.
-    QuandoSiApre<FormImportaFiduciali>([](FormImportaFiduciali* f) { Clic(f->Comando(1)); });
+    QuandoSiApre<FormImportaFiduciali>([](FormImportaFiduciali* f) { Premi(f->Comando(1)); });
     form.Voce("Modifica Libretto", "Importa Fiduciali da TAF")->trigger();
     EXPECT_EQ(righe(), prima);
 
@@ -368,9 +363,9 @@ TEST_F(SchermiFiduciali, ImportaFiducialiDalFormPrincipale) {
         elenco = Voci(f->Lista());
         f->Quote()->click(); // ticking the box reads the TAF anew, with the heights
         conQuote = Voci(f->Lista());
-        Clic(f->Comando(2)); // the installing word: nothing here
+        Premi(f->Comando(2)); // the installing word: nothing here
         f->grab().save("/tmp/form_importa_fiduciali.png");
-        Clic(f->Comando(0));
+        Premi(f->Comando(0));
     });
     form.Voce("Modifica Libretto", "Importa Fiduciali da TAF")->trigger();
     EXPECT_EQ(elenco,
@@ -420,14 +415,14 @@ TEST_F(SchermiFiduciali, SelezionaMisurateDallaParola) {
     QStringList elenco;
     QuandoSiApre<BV_SelezionaMisurate>([&](BV_SelezionaMisurate* f) {
         elenco = Voci(f->Lista());
-        Clic(f->Comando(0)); // nothing chosen
-        Clic(f->Comando(3));
+        Premi(f->Comando(0)); // nothing chosen
+        Premi(f->Comando(3));
         f->Lista()->setCurrentRow(0); // PD2015.DDD: deleted after the question
         p.risposte << Risposta::Si;
-        Clic(f->Comando(3));
+        Premi(f->Comando(3));
         f->grab().save("/tmp/bv_selezionamisurate.png");
         f->Lista()->setCurrentRow(0);
-        Clic(f->Comando(0));
+        Premi(f->Comando(0));
     });
     EseguiComando(s, "SELEZIONA_MISURATE", "", nullptr);
     EXPECT_EQ(elenco, QStringList({"PD2015.DDD", "PD2020.DDD"}));
@@ -442,7 +437,7 @@ TEST_F(SchermiFiduciali, SelezionaMisurateDallaParola) {
     EXPECT_EQ(LeggiByte(s.amb.CartellaLavoro + "\\temp\\TagUno.tag"), "PD2020.DDD\r\n");
 
     // Closed by its second command: nothing chosen.
-    QuandoSiApre<BV_SelezionaMisurate>([](BV_SelezionaMisurate* f) { Clic(f->Comando(1)); });
+    QuandoSiApre<BV_SelezionaMisurate>([](BV_SelezionaMisurate* f) { Premi(f->Comando(1)); });
     EseguiComando(s, "SELEZIONA_MISURATE", "", nullptr);
     EXPECT_EQ(s.EsitoDialogo, 0);
 }

@@ -24,23 +24,10 @@ using namespace tavolet::test;
 
 namespace {
 
-QPushButton* Pulsante(QWidget* w, const QString& caption) {
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == caption) return b;
-    return nullptr;
-}
-
 QGroupBox* Riquadro(QWidget* w, const QString& titolo) {
     for (QGroupBox* g : w->findChildren<QGroupBox*>())
         if (g->title() == titolo) return g;
     return nullptr;
-}
-
-void Clic(QListWidget* l, int riga, bool doppio = false) {
-    const QPoint p = l->visualItemRect(l->item(riga)).center();
-    // A double click is a click followed by the double-click event, as the mouse sends it.
-    QTest::mouseClick(l->viewport(), Qt::LeftButton, {}, p);
-    if (doppio) QTest::mouseDClick(l->viewport(), Qt::LeftButton, {}, p);
 }
 
 struct SchermiProva : ConPregeo {
