@@ -118,8 +118,10 @@ void CaricaRigheEstratto(Stato& stato, ModelloGrafica& g, const QStringList& rig
         if (tipo == 8 && v.PFNo && riga.contains(QStringLiteral("|PF"))) riga.clear();
         if (tipo == 8 && v.ToponimiNo && riga.contains(QStringLiteral("T|"))) riga.clear();
         if (tipo == 7) {
-            riga = Replace(riga, QStringLiteral("NT"), QStringLiteral("RT"));
-            riga = Replace(riga, QStringLiteral("NP"), QStringLiteral("RP"));
+            if (riga.contains(QLatin1String("NT")))
+                riga = Replace(riga, QStringLiteral("NT"), QStringLiteral("RT"));
+            if (riga.contains(QLatin1String("NP")))
+                riga = Replace(riga, QStringLiteral("NP"), QStringLiteral("RP"));
         }
         if (!Trim(riga).isEmpty()) g.List2[0].append(riga);
     }
@@ -425,27 +427,31 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
 }
 
 void BV_AggiungiNomeParticella(ModelloGrafica& g, const QString& riga, int colore) {
-    const QStringList c = CampiRiga(riga);
-    const qsizetype n = c.size();
+    std::vector<QStringView> c;
+    CampiVista(riga, c, true);
+    const qsizetype n = qsizetype(c.size());
     if (n < 6) return;
-    const QString etichetta = c[n - 3];
-    if (Trim(etichetta).isEmpty()) return;
-    QStringList ids;
-    for (qsizetype i = 2; i <= n - 5; ++i)
-        if (Numerico(c[i])) ids.append(c[i]);
-    if (ids.size() > 1 && ids.last() == ids.first()) ids.removeLast();
+    const QStringView etichetta = c[size_t(n - 3)];
+    if (Trim(etichetta.toString()).isEmpty()) return;
+    // The centre of the ring's points, the closing repeat of the first counted once.
+    qsizetype ultimo = n - 5;
+    while (ultimo >= 2 && !Numerico(c[size_t(ultimo)])) --ultimo;
+    qsizetype primo = 2;
+    while (primo <= ultimo && !Numerico(c[size_t(primo)])) ++primo;
+    if (ultimo > primo && c[size_t(ultimo)] == c[size_t(primo)]) --ultimo;
     double sx = 0, sy = 0;
     int conta = 0;
-    for (const QString& id : ids) {
-        const int k = g.TrovaPunto(id);
+    for (qsizetype i = primo; i <= ultimo; ++i) {
+        if (!Numerico(c[size_t(i)])) continue;
+        const int k = g.TrovaPunto(c[size_t(i)]);
         if (k < 0) continue;
         sx += g.Punti[k].X;
         sy += g.Punti[k].Y;
         ++conta;
     }
     if (conta == 0) return;
-    BV_AggiungiPuntoGraf(g, QStringLiteral(" ") + etichetta, sx / conta, sy / conta, 0, {}, colore,
-                         0, QStringLiteral("Courier New"), 12);
+    BV_AggiungiPuntoGraf(g, QStringLiteral(" ") + etichetta.toString(), sx / conta, sy / conta, 0,
+                         {}, colore, 0, QStringLiteral("Courier New"), 12);
 }
 
 } // namespace tavolet
