@@ -68,36 +68,37 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         tela.Linea(x1, y1, x2, y2, l.Spessore, l.Stile, l.Colore);
     }
 
-    // Markers: only inside the box of the whole drawing.
+    // Markers: only inside the box of the whole drawing. The place is tested before the name,
+    // which lies elsewhere in memory: a zoomed view leaves most points out at the first test.
     const double raggio = a / 400;
     for (const PuntoGrafica& p : g.Punti) {
         if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) continue;
-        if (Etichetta(p.Nome) || Toponimo(p.Nome)) continue;
         const double x = p.X - cx, y = p.Y - cy;
         if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) continue;
+        if (Etichetta(p.Nome) || Toponimo(p.Nome)) continue;
         tela.Cerchio(x, y, raggio, p.Colore);
     }
 
     // Texts: toponyms, names, parcel labels. A text can reach as far as its length in
     // characters times its height from where it starts, in any direction.
-    auto testo = [&](const PuntoGrafica& p, const QString& t) {
+    auto fuori = [&](const PuntoGrafica& p, const QString& t) {
         const double x = p.X - cx, y = p.Y - cy;
-        if (!Finito(x, y)) return;
-        const double pixel = p.Dimensione * 20 / twips;
-        if (ritaglia) {
-            const double portata = (t.size() + 2) * std::abs(pixel) * mondoPerPixel;
-            if (!std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata)) return;
-        }
-        tela.Testo(x, y, t, p.Font, pixel, p.Angolo, p.Colore);
+        if (!Finito(x, y)) return true;
+        if (!ritaglia) return false;
+        const double portata = (t.size() + 2) * std::abs(p.Dimensione * 20 / twips) * mondoPerPixel;
+        return !std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata);
+    };
+    auto testo = [&](const PuntoGrafica& p, const QString& t) {
+        tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo, p.Colore);
     };
     if (!v.ToponimiNo)
         for (const PuntoGrafica& p : g.Punti)
-            if (Toponimo(p.Nome)) testo(p, p.Testo);
+            if (!fuori(p, p.Testo) && Toponimo(p.Nome)) testo(p, p.Testo);
     if (!v.NomiNo)
         for (const PuntoGrafica& p : g.Punti)
-            if (!Toponimo(p.Nome) && !Etichetta(p.Nome)) testo(p, p.Nome);
+            if (!fuori(p, p.Nome) && !Toponimo(p.Nome) && !Etichetta(p.Nome)) testo(p, p.Nome);
     for (const PuntoGrafica& p : g.Punti)
-        if (Etichetta(p.Nome)) testo(p, p.Nome);
+        if (!fuori(p, p.Nome) && Etichetta(p.Nome)) testo(p, p.Nome);
 }
 
 } // namespace tavolet

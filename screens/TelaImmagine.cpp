@@ -110,6 +110,7 @@ TelaImmagine::TelaImmagine(QImage& immagine, double dpi, CacheGlifi* glifi)
         tw_ = (w_ + kLato - 1) / kLato;
         th_ = (h_ + kLato - 1) / kLato;
         tinte_.assign(size_t(tw_) * size_t(th_), 0);
+        epoche_.assign(tinte_.size(), 0);
         inDubbio_.assign(tinte_.size(), 0);
     }
 }
@@ -127,9 +128,8 @@ double TelaImmagine::TwipsPerPixel() const {
 }
 
 QPainter& TelaImmagine::Pittore() {
-    // What the painter draws is not followed tile by tile: every tile is in doubt again.
-    tuttoInDubbio_ = true;
-    std::fill(tinte_.begin(), tinte_.end(), 0);
+    // What the painter draws is not followed tile by tile: no tile's colour is known.
+    ++epoca_;
     if (!pittore_) {
         pittore_ = std::make_unique<QPainter>(&img_);
         pittore_->setBrush(Qt::NoBrush);
@@ -144,15 +144,17 @@ void TelaImmagine::Pulisci() {
     }
     for (int y = 0; y < h_; ++y) std::memset(bits_ + y * riga_, 0xFF, size_t(w_) * 4);
     std::fill(tinte_.begin(), tinte_.end(), 0xFFFFFFFFu);
+    std::fill(epoche_.begin(), epoche_.end(), ++epoca_);
     std::fill(inDubbio_.begin(), inDubbio_.end(), 0);
     daVedere_.clear();
-    tuttoInDubbio_ = false;
 }
 
 void TelaImmagine::Tocca(int tessera, quint32 colore) {
     quint32& t = tinte_[size_t(tessera)];
-    if (t == colore) return; // still all of it
+    quint32& e = epoche_[size_t(tessera)];
+    if (e == epoca_ && t == colore) return; // still all of it
     t = 0;
+    e = epoca_;
     if (!inDubbio_[size_t(tessera)]) {
         inDubbio_[size_t(tessera)] = 1;
         daVedere_.push_back(tessera);
@@ -170,30 +172,29 @@ void TelaImmagine::Verifica() {
             for (int x = x0; x < x1; ++x)
                 if (r[x] != c) {
                     tinte_[size_t(t)] = 0;
+                    epoche_[size_t(t)] = epoca_;
                     return;
                 }
         }
         tinte_[size_t(t)] = c;
+        epoche_[size_t(t)] = epoca_;
     };
-    if (tuttoInDubbio_) {
-        tuttoInDubbio_ = false;
-        for (int t = 0; t < int(tinte_.size()); ++t) vedi(t);
-    } else {
-        for (int t : daVedere_) vedi(t);
+    for (int t : daVedere_) {
+        vedi(t);
+        inDubbio_[size_t(t)] = 0;
     }
-    for (int t : daVedere_) inDubbio_[size_t(t)] = 0;
     daVedere_.clear();
 }
 
 bool TelaImmagine::TuttoDiColore(int x0, int y0, int x1, int y1, quint32 colore) const {
-    if (tuttoInDubbio_) return false;
     x0 = std::max(x0, 0) >> kPasso;
     y0 = std::max(y0, 0) >> kPasso;
     x1 = std::min(x1, w_ - 1) >> kPasso;
     y1 = std::min(y1, h_ - 1) >> kPasso;
     for (int ty = y0; ty <= y1; ++ty)
         for (int tx = x0; tx <= x1; ++tx)
-            if (tinte_[size_t(ty * tw_ + tx)] != colore) return false;
+            if (tinte_[size_t(ty * tw_ + tx)] != colore || epoche_[size_t(ty * tw_ + tx)] != epoca_)
+                return false;
     return true;
 }
 

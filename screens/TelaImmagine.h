@@ -107,9 +107,12 @@ private:
     bool mappa_ = true;
     int tw_ = 0, th_ = 0;
     std::vector<quint32> tinte_;
+    // A tile's colour holds only in the epoch it was seen in: the painter, whose strokes are
+    // not followed, begins a new one.
+    std::vector<quint32> epoche_;
+    quint32 epoca_ = 1;
     std::vector<quint8> inDubbio_;
     std::vector<int> daVedere_;
-    bool tuttoInDubbio_ = true;
     int glifiDallaVerifica_ = 0;
 
     // The rings of the last marker radius, one per eighth of a pixel of the centre.
