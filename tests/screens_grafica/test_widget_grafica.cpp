@@ -326,4 +326,14 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
     ti.Testo(0, 0, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 0, 0);
     ti.Cerchio(0, 0, 1e300, 0);
     ti.Cerchio(0, 0, 0.5, 0);
+    // Text the glyphs do not carry goes through the painter: marks, symbols, a huge size.
+    QImage piccola(60, 30, QImage::Format_RGB32);
+    TelaImmagine tp(piccola);
+    tp.Pulisci();
+    tp.Scala(0, 0, 60, 30);
+    tp.Testo(2, 2, QStringLiteral("ca\u0300 \u2603"), QStringLiteral("Courier New"), 11, 0, 0);
+    tp.Testo(2, 2, QStringLiteral("X"), QStringLiteral("Courier New"), 5000, 0, 0);
+    tp.Testo(2, 2, QStringLiteral("\t\n"), QStringLiteral("Courier New"), 11, 0, 0);
+    const auto inchiostro = Inchiostro(piccola);
+    EXPECT_GT(std::count(inchiostro.begin(), inchiostro.end(), true), 20);
 }
