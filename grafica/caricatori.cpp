@@ -226,6 +226,7 @@ void CaricaRigheCSV(Stato& stato, ModelloGrafica& g, const QStringList& righe) {
     }
     g.Punti.clear();
     g.Linee.clear();
+    ++g.Versione;
     g.IndiceNomi.clear();
     ConTrappola(stato, QStringLiteral("BV_LoadFileCSV"), [&] {
         g.Punti.reserve(g.List1.size());
@@ -287,6 +288,7 @@ bool CaricaGraficaDaFile(Stato& stato, ModelloGrafica& g, const QString& percors
 void GeneraGrafica(Stato& stato, ModelloGrafica& g) {
     g.Punti.clear();
     g.Linee.clear();
+    ++g.Versione;
     g.IndiceNomi.clear();
     if (g.PropostaSiNo == 0) {
         AggiungiGrafica(stato, g, 0, 0);

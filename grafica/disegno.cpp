@@ -1,7 +1,9 @@
 // The redraw: four passes over the tables, through whatever Tela is given.
 #include "grafica.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace tavolet {
 
@@ -37,6 +39,153 @@ inline bool Etichetta(const QString& n) {
 
 } // namespace
 
+// Where the records lie, in square cells of about four points each: a view of a part of a
+// large sheet visits the records of the cells it reaches instead of the whole tables.
+struct GrigliaGrafica {
+    // What it was made from.
+    quint64 versione;
+    const void* punti;
+    qsizetype nPunti;
+    const void* linee;
+    qsizetype nLinee;
+
+    double x0 = 0, y0 = 0, lato = 1;
+    int nx = 1, ny = 1;
+    std::vector<int> inizioPunti, punti_; // per cell, the points in it
+    std::vector<int> inizioLinee, linee_; // per cell, the lines whose box reaches it
+    std::vector<int> lineeGrandi;         // lines over many cells, always visited
+    double portataTesti = 0;              // the largest (characters + 2) * size of a text
+    int spessoreMassimo = 0;
+
+    int Cella(double v, double origine, int n) const {
+        const double c = std::floor((v - origine) / lato);
+        return int(std::clamp(c, 0.0, double(n - 1)));
+    }
+};
+
+namespace {
+
+std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
+    auto r = std::make_shared<GrigliaGrafica>(GrigliaGrafica{
+        g.Versione, g.Punti.constData(), g.Punti.size(), g.Linee.constData(), g.Linee.size()});
+    GrigliaGrafica& q = *r;
+    double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
+    auto allarga = [&](double x, double y) {
+        if (!Finito(x, y)) return;
+        x0 = std::min(x0, x);
+        x1 = std::max(x1, x);
+        y0 = std::min(y0, y);
+        y1 = std::max(y1, y);
+    };
+    for (const PuntoGrafica& p : g.Punti) {
+        allarga(p.X, p.Y);
+        const qsizetype n = std::max(p.Nome.size(), p.Testo.size());
+        q.portataTesti = std::max(q.portataTesti, double(n + 2) * std::abs(p.Dimensione));
+    }
+    for (const LineaGrafica& l : g.Linee) {
+        allarga(l.X1, l.Y1);
+        allarga(l.X2, l.Y2);
+        q.spessoreMassimo = std::max(q.spessoreMassimo, std::abs(int(l.Spessore)));
+    }
+    if (!(x0 <= x1) || !std::isfinite(q.portataTesti)) return r; // nothing to place: one cell
+    const double larghezza = std::max(x1 - x0, 1e-9), altezza = std::max(y1 - y0, 1e-9);
+    const double celle = std::max(1.0, double(g.Punti.size() + g.Linee.size()) / 4);
+    q.lato = std::max(std::sqrt(larghezza * altezza / celle), std::max(larghezza, altezza) / 4096);
+    if (!std::isfinite(q.lato) || !(q.lato > 0)) return r;
+    q.x0 = x0;
+    q.y0 = y0;
+    q.nx = std::clamp(int(larghezza / q.lato) + 1, 1, 4096);
+    q.ny = std::clamp(int(altezza / q.lato) + 1, 1, 4096);
+    const size_t nCelle = size_t(q.nx) * size_t(q.ny);
+    // Counted, then filled: two flat arrays instead of a list per cell.
+    std::vector<int> conta(nCelle + 1, 0);
+    std::vector<int> cellaPunto(size_t(g.Punti.size()), -1);
+    for (qsizetype i = 0; i < g.Punti.size(); ++i) {
+        const PuntoGrafica& p = g.Punti[i];
+        if (!Finito(p.X, p.Y)) continue; // never drawn
+        const int c = q.Cella(p.Y, q.y0, q.ny) * q.nx + q.Cella(p.X, q.x0, q.nx);
+        cellaPunto[size_t(i)] = c;
+        ++conta[size_t(c) + 1];
+    }
+    for (size_t c = 0; c < nCelle; ++c) conta[c + 1] += conta[c];
+    q.inizioPunti = conta;
+    q.punti_.resize(size_t(conta[nCelle]));
+    for (qsizetype i = 0; i < g.Punti.size(); ++i)
+        if (cellaPunto[size_t(i)] >= 0)
+            q.punti_[size_t(conta[size_t(cellaPunto[size_t(i)])]++)] = int(i);
+
+    std::fill(conta.begin(), conta.end(), 0);
+    auto scatola = [&](const LineaGrafica& l, int& cx0, int& cy0, int& cx1, int& cy1) {
+        cx0 = q.Cella(std::min(l.X1, l.X2), q.x0, q.nx);
+        cx1 = q.Cella(std::max(l.X1, l.X2), q.x0, q.nx);
+        cy0 = q.Cella(std::min(l.Y1, l.Y2), q.y0, q.ny);
+        cy1 = q.Cella(std::max(l.Y1, l.Y2), q.y0, q.ny);
+        return qint64(cx1 - cx0 + 1) * (cy1 - cy0 + 1) <= 16;
+    };
+    for (qsizetype i = 0; i < g.Linee.size(); ++i) {
+        const LineaGrafica& l = g.Linee[i];
+        if (!Finito(l.X1, l.Y1) || !Finito(l.X2, l.Y2)) continue;
+        int cx0, cy0, cx1, cy1;
+        if (!scatola(l, cx0, cy0, cx1, cy1)) {
+            q.lineeGrandi.push_back(int(i));
+            continue;
+        }
+        for (int cy = cy0; cy <= cy1; ++cy)
+            for (int cx = cx0; cx <= cx1; ++cx) ++conta[size_t(cy * q.nx + cx) + 1];
+    }
+    for (size_t c = 0; c < nCelle; ++c) conta[c + 1] += conta[c];
+    q.inizioLinee = conta;
+    q.linee_.resize(size_t(conta[nCelle]));
+    for (qsizetype i = 0; i < g.Linee.size(); ++i) {
+        const LineaGrafica& l = g.Linee[i];
+        if (!Finito(l.X1, l.Y1) || !Finito(l.X2, l.Y2)) continue;
+        int cx0, cy0, cx1, cy1;
+        if (!scatola(l, cx0, cy0, cx1, cy1)) continue;
+        for (int cy = cy0; cy <= cy1; ++cy)
+            for (int cx = cx0; cx <= cx1; ++cx)
+                q.linee_[size_t(conta[size_t(cy * q.nx + cx)]++)] = int(i);
+    }
+    return r;
+}
+
+// The records of the cells that the world rectangle reaches, in the order of the tables; false
+// when the rectangle covers so much of the grid that the whole tables are as quick.
+bool Candidati(const ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1,
+               double margineTesti, double margineLinee, double margineSegni,
+               std::vector<int>& punti, std::vector<int>& linee) {
+    if (g.Punti.size() + g.Linee.size() < 20000) return false;
+    if (!g.Griglia || g.Griglia->versione != g.Versione ||
+        g.Griglia->punti != g.Punti.constData() || g.Griglia->nPunti != g.Punti.size() ||
+        g.Griglia->linee != g.Linee.constData() || g.Griglia->nLinee != g.Linee.size())
+        const_cast<ModelloGrafica&>(g).Griglia = FaiGriglia(g);
+    const GrigliaGrafica& q = *g.Griglia;
+    const double m = std::max(
+        {margineTesti * q.portataTesti, margineLinee * (q.spessoreMassimo + 4), margineSegni});
+    if (!std::isfinite(m) || q.nx * q.ny < 16) return false;
+    // One cell more on each side covers the rounding of the tests made from the centre.
+    const int cx0 = q.Cella(qx0 - m, q.x0, q.nx) - 1, cx1 = q.Cella(qx1 + m, q.x0, q.nx) + 1;
+    const int cy0 = q.Cella(qy0 - m, q.y0, q.ny) - 1, cy1 = q.Cella(qy1 + m, q.y0, q.ny) + 1;
+    const qint64 viste = qint64(cx1 - cx0 + 1) * (cy1 - cy0 + 1);
+    if (viste * 4 > qint64(q.nx) * q.ny) return false;
+    punti.clear();
+    linee.clear();
+    for (int cy = std::max(cy0, 0); cy <= std::min(cy1, q.ny - 1); ++cy)
+        for (int cx = std::max(cx0, 0); cx <= std::min(cx1, q.nx - 1); ++cx) {
+            const size_t c = size_t(cy * q.nx + cx);
+            punti.insert(punti.end(), q.punti_.begin() + q.inizioPunti[c],
+                         q.punti_.begin() + q.inizioPunti[c + 1]);
+            linee.insert(linee.end(), q.linee_.begin() + q.inizioLinee[c],
+                         q.linee_.begin() + q.inizioLinee[c + 1]);
+        }
+    linee.insert(linee.end(), q.lineeGrandi.begin(), q.lineeGrandi.end());
+    std::sort(punti.begin(), punti.end());
+    std::sort(linee.begin(), linee.end());
+    linee.erase(std::unique(linee.begin(), linee.end()), linee.end());
+    return true;
+}
+
+} // namespace
+
 void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) {
     VistaGrafica& v = *g.Vista;
     if (!(v.Altezza > 0)) v.Altezza = 640;
@@ -59,25 +208,45 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     const bool ritaglia = opzioni.ritaglia;
     const double cx = v.CentroX, cy = v.CentroY;
 
+    // On a part of a large sheet only the records of the cells in view are visited, in the
+    // order of the tables and with the same tests: the strokes are those of the whole walk.
+    std::vector<int> soloPunti, soloLinee;
+    const double raggio = a / 400;
+    const bool parte =
+        ritaglia && opzioni.griglia &&
+        Candidati(g, cx + vis.x0, cy + vis.y0, cx + vis.x1, cy + vis.y1, 20 / twips * mondoPerPixel,
+                  mondoPerPixel, raggio + 2 * mondoPerPixel, soloPunti, soloLinee);
+    auto perOgniLinea = [&](auto&& f) {
+        if (parte)
+            for (int i : soloLinee) f(g.Linee[i]);
+        else
+            for (const LineaGrafica& l : g.Linee) f(l);
+    };
+    auto perOgniPunto = [&](auto&& f) {
+        if (parte)
+            for (int i : soloPunti) f(g.Punti[i]);
+        else
+            for (const PuntoGrafica& p : g.Punti) f(p);
+    };
+
     // Lines.
-    for (const LineaGrafica& l : g.Linee) {
+    perOgniLinea([&](const LineaGrafica& l) {
         const double x1 = l.X1 - cx, y1 = l.Y1 - cy, x2 = l.X2 - cx, y2 = l.Y2 - cy;
-        if (!Finito(x1, y1) || !Finito(x2, y2)) continue;
+        if (!Finito(x1, y1) || !Finito(x2, y2)) return;
         if (ritaglia && !vis.Tocca(x1, y1, x2, y2, (std::abs(l.Spessore) + 4) * mondoPerPixel))
-            continue;
+            return;
         tela.Linea(x1, y1, x2, y2, l.Spessore, l.Stile, l.Colore);
-    }
+    });
 
     // Markers: only inside the box of the whole drawing. The place is tested before the name,
     // which lies elsewhere in memory: a zoomed view leaves most points out at the first test.
-    const double raggio = a / 400;
-    for (const PuntoGrafica& p : g.Punti) {
-        if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) continue;
+    perOgniPunto([&](const PuntoGrafica& p) {
+        if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) return;
         const double x = p.X - cx, y = p.Y - cy;
-        if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) continue;
-        if (Etichetta(p.Nome) || Toponimo(p.Nome)) continue;
+        if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) return;
+        if (Etichetta(p.Nome) || Toponimo(p.Nome)) return;
         tela.Cerchio(x, y, raggio, p.Colore);
-    }
+    });
 
     // Texts: toponyms, names, parcel labels. A text can reach as far as its length in
     // characters times its height from where it starts, in any direction.
@@ -92,13 +261,16 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo, p.Colore);
     };
     if (!v.ToponimiNo)
-        for (const PuntoGrafica& p : g.Punti)
+        perOgniPunto([&](const PuntoGrafica& p) {
             if (!fuori(p, p.Testo) && Toponimo(p.Nome)) testo(p, p.Testo);
+        });
     if (!v.NomiNo)
-        for (const PuntoGrafica& p : g.Punti)
+        perOgniPunto([&](const PuntoGrafica& p) {
             if (!fuori(p, p.Nome) && !Toponimo(p.Nome) && !Etichetta(p.Nome)) testo(p, p.Nome);
-    for (const PuntoGrafica& p : g.Punti)
+        });
+    perOgniPunto([&](const PuntoGrafica& p) {
         if (!fuori(p, p.Nome) && Etichetta(p.Nome)) testo(p, p.Nome);
+    });
 }
 
 } // namespace tavolet

@@ -64,6 +64,8 @@ private:
     QHash<QString, int> altri_;
 };
 
+struct GrigliaGrafica;
+
 // The state of one plot control: tables, row lists, switches and the mouse's working values.
 struct ModelloGrafica {
     explicit ModelloGrafica(VistaGrafica* vista = nullptr);
@@ -97,6 +99,13 @@ struct ModelloGrafica {
     // without a walk of the table.
     IndiceNomiPunti IndiceNomi;
     int TrovaPunto(QStringView nome) const; // -1 when absent
+
+    // Every operation that adds to or empties the tables counts here. The redraw keeps a grid
+    // of the records' places for views of a part of a large sheet, made again when this, the
+    // sizes or the storage of the tables change: a record changed in place (not done anywhere)
+    // would have to count here too.
+    quint64 Versione = 0;
+    std::shared_ptr<const GrigliaGrafica> Griglia;
 };
 
 // ---- The four switches (section CONFIGURA_GRAFICA1) ----
@@ -178,6 +187,8 @@ unsigned int ColoreQB(int indice);
 struct OpzioniDisegno {
     // Leave out what falls wholly outside the surface. The picture is the same either way.
     bool ritaglia = true;
+    // With ritaglia, visit only the records near the view on a large sheet (the same strokes).
+    bool griglia = true;
 };
 
 // The four passes of the redraw: lines, markers, toponyms, names, parcel labels.

@@ -98,6 +98,7 @@ void BV_AggiungiPuntoGraf(ModelloGrafica& g, const QString& nome, double x, doub
     p.Dimensione = dimensione;
     // QList grows geometrically: a sheet of a hundred thousand points is not copied per point.
     g.Punti.append(std::move(p));
+    ++g.Versione;
     g.IndiceNomi.AggiungiSeNuovo(nome, int(g.Punti.size() - 1)); // the first one is found
 }
 
@@ -114,6 +115,7 @@ void BV_AggiungiLineaGraf(ModelloGrafica& g, double x1, double y1, double z1, do
     l.Spessore = qint16(spessore);
     l.Stile = qint16(stile);
     g.Linee.append(l);
+    ++g.Versione;
 }
 
 void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, QStringView nome1, QStringView nome2, int colore,
@@ -127,6 +129,7 @@ void BV_AggiungiLineaGraf2Punti(ModelloGrafica& g, QStringView nome1, QStringVie
 }
 
 void BV_Clear(ModelloGrafica& g) {
+    ++g.Versione;
     g.Punti.clear();
     g.Linee.clear();
     g.IndiceNomi.clear();

@@ -112,6 +112,7 @@ void BV_ElcoPFGrafica::Ridisegna(bool adatta) {
     ModelloGrafica& g = grafica_->Modello();
     g.Punti.clear();
     g.Linee.clear();
+    ++g.Versione;
     g.IndiceNomi.clear();
     for (const MisuraPF& m : tabella_.misure) {
         const RecordPF& a = tabella_.record[m.da];

@@ -1,7 +1,10 @@
 // The redraw through a recording Tela.
+#include "generatore.h"
 #include "grafica.h"
 #include "registratore.h"
 #include "supporto.h"
+
+#include "testo.h"
 
 using namespace tavolet;
 using namespace tavolet::test;
@@ -130,6 +133,46 @@ TEST_F(Disegno, QuelloCheCadeFuoriDallaTelaNonVienePassato) {
         }
     }
     EXPECT_EQ(tenuti, tela.tratti.size());
+}
+
+// On a large sheet a view of a part visits only the records of the grid's cells near it: the
+// strokes are those of the walk over the whole tables, call for call, wherever the view goes
+// (inside, on the edges, off the sheet), with odd records among them and after a reload.
+TEST_F(Disegno, LaGrigliaDaGliStessiTratti) {
+    auto uguali = [](const QList<Tratto>& a, const QList<Tratto>& b) {
+        if (a.size() != b.size()) return false;
+        for (qsizetype i = 0; i < a.size(); ++i)
+            if (a[i].tipo != b[i].tipo || a[i].x1 != b[i].x1 || a[i].y1 != b[i].y1 ||
+                a[i].x2 != b[i].x2 || a[i].y2 != b[i].y2 || a[i].testo != b[i].testo ||
+                a[i].colore != b[i].colore)
+                return false;
+        return true;
+    };
+    int parziali = 0;
+    for (unsigned seme = 1; seme <= 3; ++seme) {
+        OpzioniEstratto o;
+        o.vertici = 12000;
+        o.seme = seme;
+        o.stranezze = seme == 2;
+        CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
+        const qsizetype tutti = g.Punti.size() + g.Linee.size();
+        for (int passo = 0; passo < 30; ++passo) {
+            if (passo % 10 == 0) BV_ZoomTutto(g);
+            BV_ZoomPiu(g);
+            BV_ZoomPiu(g);
+            if (passo % 3 == 0) BV_ZoomRight(g);
+            if (passo % 4 == 0) BV_ZoomUP(g);
+            if (passo % 7 == 0)
+                for (int k = 0; k < 6; ++k) BV_ZoomLeft(g);
+            TelaRegistratore con, senza;
+            BV_RidisegnaGrafica(g, con);
+            BV_RidisegnaGrafica(g, senza, {.griglia = false});
+            ASSERT_TRUE(uguali(con.tratti, senza.tratti)) << "seme " << seme << " passo " << passo;
+            parziali += con.tratti.size() < tutti / 4;
+        }
+        ASSERT_TRUE(g.Griglia);
+    }
+    EXPECT_GT(parziali, 20);
 }
 
 TEST(Tavolozza, IColoriQB) {
