@@ -109,6 +109,14 @@ qint64 NumeroId(Byte id, size_t massimo) {
     return n;
 }
 
+// Where the line that starts at i ends: at the first CR or LF, or at n.
+inline qsizetype FineRiga(const char* d, qsizetype i, qsizetype n) {
+    const void* lf = std::memchr(d + i, '\n', size_t(n - i));
+    const qsizetype j = lf ? static_cast<const char*>(lf) - d : n;
+    const void* cr = std::memchr(d + i, '\r', size_t(j - i));
+    return cr ? static_cast<const char*>(cr) - d : j;
+}
+
 // Every occurrence of cerca taken out, left to right.
 void Togli(std::string& s, Byte cerca) {
     std::string r;
@@ -144,8 +152,7 @@ public:
         qsizetype i = 0;
         bool prima = true;
         while (i < n) {
-            qsizetype j = i;
-            while (j < n && d[j] != '\r' && d[j] != '\n') ++j;
+            qsizetype j = FineRiga(d, i, n);
             const Tratto riga{i, j - i};
             if (j < n && d[j] == '\r' && j + 1 < n && d[j + 1] == '\n') ++j;
             i = j + 1;
@@ -201,11 +208,11 @@ public:
                 __builtin_prefetch(dati_.constData() + punti_[k + 16].inizio);
             const Byte riga = RigaDi(punti_[k]);
             const size_t barra = Barra(riga, 2);
-            char numero[24];
-            const auto r = std::to_chars(numero, numero + sizeof numero, k + 1);
-            Metti("8|");
-            Metti(Byte(numero, size_t(r.ptr - numero)));
-            Metti("%");
+            // "8|<new number>%" and the rest of the row, put together in one piece.
+            char numero[24] = {'8', '|'};
+            char* fine = std::to_chars(numero + 2, numero + sizeof numero - 1, k + 1).ptr;
+            *fine++ = '%';
+            Metti(Byte(numero, size_t(fine - numero)));
             Metti(riga.substr(barra));
             Metti("\r\n");
         }
@@ -230,9 +237,7 @@ private:
     Byte RigaDi(const Punto& p) const {
         const char* d = dati_.constData();
         const qsizetype n = dati_.size();
-        qsizetype fine = p.inizio;
-        while (fine < n && d[fine] != '\r' && d[fine] != '\n') ++fine;
-        return Byte(d + p.inizio, size_t(fine - p.inizio));
+        return Byte(d + p.inizio, size_t(FineRiga(d, p.inizio, n) - p.inizio));
     }
     QString Testo(Tratto t) const {
         return DaWindows1252(QByteArray::fromRawData(dati_.constData() + t.inizio, t.lunghezza));
@@ -297,12 +302,14 @@ private:
     // The sort compares without regard to case; that is plain only in ASCII.
     void AggiungiPunto(Tratto t, Byte id) {
         const Byte riga = Riga(t);
+        // Without an early way out the compiler reads the row in wide steps.
         int barre = 0;
+        unsigned char alto = 0;
         for (char c : riga) {
-            if (static_cast<unsigned char>(c) >= 128) throw NonAdatto{};
+            alto |= static_cast<unsigned char>(c);
             barre += c == '|';
         }
-        if (barre < 3) throw NonAdatto{};
+        if ((alto & 0x80) || barre < 3) throw NonAdatto{};
         char dieci[10];
         Dieci(id, dieci);
         quint64 chiave = 0;
@@ -495,8 +502,22 @@ private:
                 const double dx = x_[size_t(i + 1)] - x_[size_t(i)];
                 area = area + dx * (y_[size_t(i)] + y_[size_t(i + 1)]) / 2;
             }
-        // As the field takes it and the islands read it back.
-        return Val(Replace(CStr(std::fabs(area)), QStringLiteral(","), QStringLiteral(".")));
+        // As the field takes it and the islands read it back: fifteen figures. A plain decimal
+        // is read at once; anything else goes through the runtime's own steps.
+        const double assoluta = std::fabs(area);
+        char testo[64];
+        const Byte cifre = QuindiciCifre(assoluta, testo);
+        if (!cifre.empty() && cifre.find('e') == Byte::npos) return ValCampo(cifre);
+        return Val(Replace(CStr(assoluta), QStringLiteral(","), QStringLiteral(".")));
+    }
+
+    // A number with fifteen significant figures as CStr writes it (in lower case), or nothing
+    // when it is not finite.
+    static Byte QuindiciCifre(double v, char* testo) {
+        if (!std::isfinite(v)) return {};
+        if (v == 0) return Byte("0", 1);
+        const auto r = std::to_chars(testo, testo + 63, v, std::chars_format::general, 15);
+        return Byte(testo, size_t(r.ptr - testo));
     }
 
     // The area field as the steps of the save leave it: islands, then rounded.
@@ -509,6 +530,16 @@ private:
             if (it != perNome_.end())
                 for (size_t j : it->second)
                     if (j > a) area = area - aree_[j];
+            // Read back with a comma for the point: Val stops there, at the whole part.
+            char testo[64];
+            const Byte cifre = QuindiciCifre(area, testo);
+            const size_t punto = cifre.find('.');
+            const Byte intera = cifre.substr(0, punto);
+            if (!cifre.empty() && cifre.find('e') == Byte::npos && !intera.empty() &&
+                intera.size() <= 9 && intera.front() != '-' && intera != "0") {
+                // A whole number of one to nine digits: the picture writes just its digits.
+                return QString::fromLatin1(intera.data(), qsizetype(intera.size()));
+            }
             area = Val(Replace(CStr(area), QStringLiteral("."), QStringLiteral(",")));
         }
         return Replace(Trim(Formato(area, QStringLiteral("##############"))), QStringLiteral(","),

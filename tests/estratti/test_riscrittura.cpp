@@ -174,6 +174,15 @@ TEST(RiscriviEstratto, UgualeALetturaESalvataggioSuRigheStrane) {
         {"testa corta", QStringLiteral("0|15032024|P|A001|\r\n") + punti, false},
         {"coordinate strane", testa + "8|1%|1e3|.5|\r\n8|2%|+7|1,5|\r\n8|3%|x|-0|\r\n" + anello(4),
          true},
+        {"aree grandi, piccole, intere e in esponente",
+         testa + "8|1%|0|0|\r\n8|2%|0|40000|\r\n8|3%|40000|40000|\r\n8|4%|40000|0|\r\n"
+                 "8|5%|0|0.001|\r\n8|6%|0.001|0.001|\r\n8|7%|0.001|0|\r\n"
+                 "8|8%|0|12|\r\n8|9%|12|12|\r\n8|10%|12|0|\r\n"
+                 "8|11%|0|1e-4|\r\n8|12%|1e-4|1e-4|\r\n8|13%|1e-4|0|\r\n"
+                 "7|5|1%|2%|3%|4%|1%|NC|1|1|1|\r\n7|4|1%|5%|6%|7%|NC|2|2|1|\r\n"
+                 "7|5|1%|8%|9%|10%|1%|NC|3|3|1|\r\n7|5|1%|11%|12%|13%|1%|NC|4|4|1|\r\n"
+                 "7|5|1%|8%|9%|10%|1%|NC|3-|3-|1|\r\n",
+         true},
         {"linee libere",
          testa + punti +
              "8|90L|1|1|\r\n8|91L|2|2|\r\n8|92T|3|3|0.5|Via|\r\n"
