@@ -102,6 +102,11 @@ TEST(RiscriviEstratto, UgualeALetturaESalvataggioSuEstrattiGenerati) {
         brevi += Confronta(dir, Byte(GeneraEstratto(o)), "seme " + std::to_string(seme));
         ++totale;
     }
+    // And one the size of a large sheet.
+    OpzioniEstratto grande;
+    grande.vertici = 20000;
+    grande.seme = 61;
+    EXPECT_TRUE(Confronta(dir, Byte(GeneraEstratto(grande)), "grande"));
     // The plain ones go the short way, the odd ones mostly the long one.
     EXPECT_GE(brevi, 40);
     EXPECT_LT(brevi, totale);
