@@ -61,18 +61,20 @@ void BM_Caricamento(benchmark::State& stato) {
     }
 }
 
-void BM_RidisegnoDopoZoom(benchmark::State& stato) {
+// Redraws after zoom steps in and out in turn, from the whole sheet zoomed in by passiIniziali
+// steps: the view stays about where it began.
+void Ridisegni(benchmark::State& stato, int passiIniziali) {
     PiattaformaFinta piattaforma;
     Stato s(piattaforma);
     VistaGrafica vista;
     ModelloGrafica g(&vista);
     CaricaRigheEstratto(s, g, RigheDiTesto(Estratto(int(stato.range(0)))));
+    for (int i = 0; i < passiIniziali; ++i) BV_ZoomPiu(g);
     QImage img(1280, 800, QImage::Format_RGB32);
     CacheGlifi glifi;
     Dipingi(g, img, &glifi);
     int passo = 0;
     for (auto _ : stato) {
-        // Zooming in and out in turn keeps the view around the whole sheet.
         if (passo++ % 2)
             BV_ZoomMeno(g);
         else
@@ -82,27 +84,14 @@ void BM_RidisegnoDopoZoom(benchmark::State& stato) {
     }
 }
 
-// The same where the surveyor works: twenty steps in from the whole sheet, an eighth of its
-// height on the canvas.
+// Around the whole sheet.
+void BM_RidisegnoDopoZoom(benchmark::State& stato) {
+    Ridisegni(stato, 0);
+}
+
+// Where the surveyor works: twenty steps in, an eighth of the sheet's height on the canvas.
 void BM_RidisegnoVistaDiLavoro(benchmark::State& stato) {
-    PiattaformaFinta piattaforma;
-    Stato s(piattaforma);
-    VistaGrafica vista;
-    ModelloGrafica g(&vista);
-    CaricaRigheEstratto(s, g, RigheDiTesto(Estratto(int(stato.range(0)))));
-    for (int i = 0; i < 20; ++i) BV_ZoomPiu(g);
-    QImage img(1280, 800, QImage::Format_RGB32);
-    CacheGlifi glifi;
-    Dipingi(g, img, &glifi);
-    int passo = 0;
-    for (auto _ : stato) {
-        if (passo++ % 2)
-            BV_ZoomMeno(g);
-        else
-            BV_ZoomPiu(g);
-        Dipingi(g, img, &glifi);
-        benchmark::DoNotOptimize(img.constBits());
-    }
+    Ridisegni(stato, 20);
 }
 
 } // namespace
