@@ -15,6 +15,11 @@ namespace {
 // The side of the tiles of one colour, and its power of two.
 constexpr int kPasso = 3, kLato = 1 << kPasso;
 
+// The nearest whole pixel, halves up; the values here are already within the canvas's reach.
+inline int Arrotonda(double v) {
+    return int(std::floor(v + 0.5));
+}
+
 quint32 Argb(int colore) {
     return 0xFF000000u | ColoreQB(colore);
 }
@@ -163,6 +168,8 @@ void TelaImmagine::Tocca(int tessera, quint32 colore) {
 
 void TelaImmagine::Verifica() {
     glifiDallaVerifica_ = 0;
+    ultimaTessera_ = -1; // the tiles' colours are read anew
+
     auto vedi = [&](int t) {
         const int x0 = (t % tw_) * kLato, y0 = (t / tw_) * kLato;
         const int x1 = std::min(x0 + kLato, w_), y1 = std::min(y0 + kLato, h_);
@@ -211,7 +218,13 @@ QPointF TelaImmagine::Mappa(double x, double y) const {
 
 inline void TelaImmagine::Pixel(int x, int y, quint32 colore) {
     reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
-    Tocca((y >> kPasso) * tw_ + (x >> kPasso), colore);
+    // Strokes go from pixel to neighbouring pixel: most stay in the tile just touched.
+    const int t = (y >> kPasso) * tw_ + (x >> kPasso);
+    if (t == ultimaTessera_ && colore == ultimoColore_ && epoca_ == ultimaEpoca_) return;
+    ultimaTessera_ = t;
+    ultimoColore_ = colore;
+    ultimaEpoca_ = epoca_;
+    Tocca(t, colore);
 }
 
 inline void TelaImmagine::Miscela(int x, int y, quint32 colore, int alfa) {
@@ -243,11 +256,15 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
         return;
     }
     // One pixel wide: the segment cut to the image, then a step a pixel along its longer axis.
-    if (!RitagliaSegmento(a, b, -0.5, -0.5, w_ - 0.5, h_ - 0.5)) return;
-    const int xa = std::clamp(int(std::lround(a.x())), 0, w_ - 1);
-    const int ya = std::clamp(int(std::lround(a.y())), 0, h_ - 1);
-    const int xb = std::clamp(int(std::lround(b.x())), 0, w_ - 1);
-    const int yb = std::clamp(int(std::lround(b.y())), 0, h_ - 1);
+    auto dentro = [&](const QPointF& p) {
+        return p.x() >= -0.5 && p.x() <= w_ - 0.5 && p.y() >= -0.5 && p.y() <= h_ - 0.5;
+    };
+    if (!(dentro(a) && dentro(b)) && !RitagliaSegmento(a, b, -0.5, -0.5, w_ - 0.5, h_ - 0.5))
+        return;
+    const int xa = std::clamp(Arrotonda(a.x()), 0, w_ - 1);
+    const int ya = std::clamp(Arrotonda(a.y()), 0, h_ - 1);
+    const int xb = std::clamp(Arrotonda(b.x()), 0, w_ - 1);
+    const int yb = std::clamp(Arrotonda(b.y()), 0, h_ - 1);
     const int dx = xb - xa, dy = yb - ya;
     const int n = std::max(std::abs(dx), std::abs(dy));
     const quint32 c = Argb(colore);
@@ -308,11 +325,12 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
 bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
                                 quint32 colore) {
     if (!SoloSemplice(testo)) return false;
+    ultimaTessera_ = -1; // glyphs change tiles behind the strokes' back
     double penna = c.x();
-    const int base = int(std::lround(c.y() + f.ascesa));
+    const int base = Arrotonda(c.y() + f.ascesa);
     for (QChar ch : testo) {
         const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-        const int gx = int(std::lround(penna)) + g.dx, gy = base + g.dy;
+        const int gx = Arrotonda(penna) + g.dx, gy = base + g.dy;
         penna += g.avanzamento;
         if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
             gy + g.altezza <= 0)

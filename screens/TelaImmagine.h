@@ -114,6 +114,8 @@ private:
     std::vector<quint8> inDubbio_;
     std::vector<int> daVedere_;
     int glifiDallaVerifica_ = 0;
+    int ultimaTessera_ = -1;
+    quint32 ultimoColore_ = 0, ultimaEpoca_ = 0;
 
     // The rings of the last marker radius, one per eighth of a pixel of the centre.
     int raggio16_ = -1;
