@@ -227,13 +227,14 @@ inline void TelaImmagine::Pixel(int x, int y, quint32 colore) {
     Tocca(t, colore);
 }
 
-inline void TelaImmagine::Miscela(int x, int y, quint32 colore, int alfa) {
-    quint32& d = reinterpret_cast<quint32*>(bits_ + y * riga_)[x];
+namespace {
+
+// The colour laid over a pixel with a coverage of alfa out of 255, each channel in 8 bits.
+inline void Fondi(quint32& d, quint32 colore, int alfa) {
     if (alfa >= 255) {
         d = colore;
         return;
     }
-    // Each channel moves towards the colour by the coverage, in 8 bits.
     const quint32 inv = 255 - quint32(alfa);
     const quint32 rb = ((colore & 0xFF00FFu) * quint32(alfa) + (d & 0xFF00FFu) * inv + 0x800080u);
     const quint32 g = ((colore & 0x00FF00u) * quint32(alfa) + (d & 0x00FF00u) * inv + 0x008000u);
@@ -241,6 +242,8 @@ inline void TelaImmagine::Miscela(int x, int y, quint32 colore, int alfa) {
     const quint32 g2 = ((g + ((g >> 8) & 0x00FF00u)) >> 8) & 0x00FF00u;
     d = 0xFF000000u | rb2 | g2;
 }
+
+} // namespace
 
 void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                          int colore) {
@@ -268,14 +271,14 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
     const int dx = xb - xa, dy = yb - ya;
     const int n = std::max(std::abs(dx), std::abs(dy));
     const quint32 c = Argb(colore);
-    const double px = n ? double(dx) / n : 0, py = n ? double(dy) / n : 0;
-    for (int i = 0; i <= n; ++i) {
+    // The minor axis in 16.16 fixed point, from the middle of the first pixel.
+    const qint64 px = n ? (qint64(dx) << 16) / n : 0, py = n ? (qint64(dy) << 16) / n : 0;
+    qint64 fx = (qint64(xa) << 16) + 0x8000, fy = (qint64(ya) << 16) + 0x8000;
+    for (int i = 0; i <= n; ++i, fx += px, fy += py) {
         // Qt's patterns for a pen of one pixel: a dash of 4 and a gap of 2, a dot and a gap of 2.
         if (stile == 1 && i % 6 >= 4) continue;
         if (stile == 2 && i % 3 != 0) continue;
-        const int x = xa + int(std::floor(px * i + 0.5));
-        const int y = ya + int(std::floor(py * i + 0.5));
-        Pixel(x, y, c);
+        Pixel(std::clamp(int(fx >> 16), 0, w_ - 1), std::clamp(int(fy >> 16), 0, h_ - 1), c);
     }
 }
 
@@ -339,13 +342,20 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
         if (mappa_ && TuttoDiColore(gx, gy, ux, uy, colore)) continue;
         const bool dentro = gx >= 0 && gy >= 0 && gx + g.larghezza <= w_ && gy + g.altezza <= h_;
         const quint8* cop = g.copertura.data();
-        for (const CacheGlifi::Tratto& t : g.tratti) {
-            const int y = gy + t.riga;
-            if (!dentro && (y < 0 || y >= h_)) continue;
-            for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k) {
-                const int px = gx + x;
-                if (!dentro && (px < 0 || px >= w_)) continue;
-                Miscela(px, y, colore, cop[k]);
+        if (dentro) {
+            for (const CacheGlifi::Tratto& t : g.tratti) {
+                quint32* d = reinterpret_cast<quint32*>(bits_ + (gy + t.riga) * riga_) + gx;
+                for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k) Fondi(d[x], colore, cop[k]);
+            }
+        } else {
+            for (const CacheGlifi::Tratto& t : g.tratti) {
+                const int y = gy + t.riga;
+                if (y < 0 || y >= h_) continue;
+                quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_);
+                for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k) {
+                    const int px = gx + x;
+                    if (px >= 0 && px < w_) Fondi(d[px], colore, cop[k]);
+                }
             }
         }
         for (int ty = std::max(gy, 0) >> kPasso; ty <= std::min(uy, h_ - 1) >> kPasso; ++ty)

@@ -83,7 +83,6 @@ private:
     QPointF Mappa(double x, double y) const;
     QPainter& Pittore();
     void Pixel(int x, int y, quint32 colore);
-    void Miscela(int x, int y, quint32 colore, int alfa);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
 
     QImage& img_;
