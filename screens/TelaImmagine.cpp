@@ -101,8 +101,7 @@ const CacheGlifi::Glifo& CacheGlifi::GlifoDi(Faccia& f, char16_t c) {
 }
 
 TelaImmagine::TelaImmagine(QImage& immagine, double dpi, CacheGlifi* glifi)
-    : img_(immagine), w_(immagine.width()), h_(immagine.height()), dpi_(dpi > 0 ? dpi : 96),
-      glifi_(glifi) {
+    : TelaSuPixel(immagine.width(), immagine.height(), dpi), img_(immagine), glifi_(glifi) {
     if (!glifi_) {
         propria_ = std::make_unique<CacheGlifi>();
         glifi_ = propria_.get();
@@ -121,16 +120,6 @@ TelaImmagine::TelaImmagine(QImage& immagine, double dpi, CacheGlifi* glifi)
 }
 
 TelaImmagine::~TelaImmagine() = default;
-
-double TelaImmagine::LarghezzaMm() const {
-    return w_ / dpi_ * 25.4;
-}
-double TelaImmagine::AltezzaMm() const {
-    return h_ / dpi_ * 25.4;
-}
-double TelaImmagine::TwipsPerPixel() const {
-    return 1440 / dpi_;
-}
 
 QPainter& TelaImmagine::Pittore() {
     // What the painter draws is not followed tile by tile: no tile's colour is known.
@@ -203,17 +192,6 @@ bool TelaImmagine::TuttoDiColore(int x0, int y0, int x1, int y1, quint32 colore)
             if (tinte_[size_t(ty * tw_ + tx)] != colore || epoche_[size_t(ty * tw_ + tx)] != epoca_)
                 return false;
     return true;
-}
-
-void TelaImmagine::Scala(double x1, double y1, double x2, double y2) {
-    sx_ = (x2 != x1) ? w_ / (x2 - x1) : 1;
-    sy_ = (y2 != y1) ? h_ / (y2 - y1) : 1;
-    ox_ = x1;
-    oy_ = y1;
-}
-
-QPointF TelaImmagine::Mappa(double x, double y) const {
-    return {(x - ox_) * sx_, (y - oy_) * sy_};
 }
 
 inline void TelaImmagine::Pixel(int x, int y, quint32 colore) {

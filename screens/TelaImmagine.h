@@ -5,6 +5,7 @@
 // so that the order of the strokes is kept.
 #pragma once
 
+#include "TelaQt.h"
 #include "grafica.h"
 
 #include <QFont>
@@ -57,18 +58,14 @@ private:
     QHash<Chiave, std::shared_ptr<Faccia>> facce_;
 };
 
-class TelaImmagine : public Tela {
+class TelaImmagine : public TelaSuPixel {
 public:
     // The image is drawn whole; dpi gives its millimetres and twips. Without a cache of
     // glyphs the Tela keeps its own for this drawing.
     explicit TelaImmagine(QImage& immagine, double dpi = 96, CacheGlifi* glifi = nullptr);
     ~TelaImmagine() override;
 
-    double LarghezzaMm() const override;
-    double AltezzaMm() const override;
-    double TwipsPerPixel() const override;
     void Pulisci() override;
-    void Scala(double x1, double y1, double x2, double y2) override;
     void Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                int colore) override;
     void Cerchio(double x, double y, double raggio, int colore) override;
@@ -80,7 +77,6 @@ public:
     void UsaMappaTinte(bool si) { mappa_ = si; }
 
 private:
-    QPointF Mappa(double x, double y) const;
     QPainter& Pittore();
     void Pixel(int x, int y, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
@@ -88,9 +84,6 @@ private:
     QImage& img_;
     uchar* bits_ = nullptr; // null: every stroke through the painter
     qsizetype riga_ = 0;
-    int w_, h_;
-    double dpi_;
-    double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
     std::unique_ptr<QPainter> pittore_;
     std::unique_ptr<CacheGlifi> propria_;
     CacheGlifi* glifi_;

@@ -7,32 +7,11 @@
 namespace tavolet {
 
 TelaQPainter::TelaQPainter(QPainter& painter, int larghezzaPx, int altezzaPx, double dpi)
-    : p_(painter), w_(larghezzaPx), h_(altezzaPx), dpi_(dpi > 0 ? dpi : 96) {}
-
-double TelaQPainter::LarghezzaMm() const {
-    return w_ / dpi_ * 25.4;
-}
-double TelaQPainter::AltezzaMm() const {
-    return h_ / dpi_ * 25.4;
-}
-double TelaQPainter::TwipsPerPixel() const {
-    return 1440 / dpi_;
-}
+    : TelaSuPixel(larghezzaPx, altezzaPx, dpi), p_(painter) {}
 
 void TelaQPainter::Pulisci() {
     p_.fillRect(QRect(0, 0, w_, h_), Qt::white);
     p_.setBrush(Qt::NoBrush); // markers are rings
-}
-
-void TelaQPainter::Scala(double x1, double y1, double x2, double y2) {
-    sx_ = (x2 != x1) ? w_ / (x2 - x1) : 1;
-    sy_ = (y2 != y1) ? h_ / (y2 - y1) : 1;
-    ox_ = x1;
-    oy_ = y1;
-}
-
-QPointF TelaQPainter::Mappa(double x, double y) const {
-    return {(x - ox_) * sx_, (y - oy_) * sy_};
 }
 
 bool RitagliaSegmento(QPointF& a, QPointF& b, double x0, double y0, double x1, double y1) {

@@ -16,17 +16,36 @@ constexpr double kLimite = 1e6;
 // The part of the segment a-b inside [x0, x1] x [y0, y1]; false when none.
 bool RitagliaSegmento(QPointF& a, QPointF& b, double x0, double y0, double x1, double y1);
 
-class TelaQPainter : public Tela {
+// What the Telas on pixels share: a surface of w x h pixels at a resolution, and the world's
+// scale onto it.
+class TelaSuPixel : public Tela {
+public:
+    TelaSuPixel(int larghezzaPx, int altezzaPx, double dpi)
+        : w_(larghezzaPx), h_(altezzaPx), dpi_(dpi > 0 ? dpi : 96) {}
+    double LarghezzaMm() const override { return w_ / dpi_ * 25.4; }
+    double AltezzaMm() const override { return h_ / dpi_ * 25.4; }
+    double TwipsPerPixel() const override { return 1440 / dpi_; }
+    void Scala(double x1, double y1, double x2, double y2) override {
+        sx_ = (x2 != x1) ? w_ / (x2 - x1) : 1;
+        sy_ = (y2 != y1) ? h_ / (y2 - y1) : 1;
+        ox_ = x1;
+        oy_ = y1;
+    }
+
+protected:
+    QPointF Mappa(double x, double y) const { return {(x - ox_) * sx_, (y - oy_) * sy_}; }
+    int w_, h_;
+    double dpi_;
+    double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
+};
+
+class TelaQPainter : public TelaSuPixel {
 public:
     // The painter is already begun on its device; larghezzaPx x altezzaPx is the area drawn
     // and dpi the device's resolution (millimetres and twips follow from it).
     TelaQPainter(QPainter& painter, int larghezzaPx, int altezzaPx, double dpi = 96);
 
-    double LarghezzaMm() const override;
-    double AltezzaMm() const override;
-    double TwipsPerPixel() const override;
     void Pulisci() override;
-    void Scala(double x1, double y1, double x2, double y2) override;
     void Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                int colore) override;
     void Cerchio(double x, double y, double raggio, int colore) override;
@@ -38,16 +57,12 @@ private:
         QString faccia;
         int pixel = -1;
     };
-    QPointF Mappa(double x, double y) const;
     // The painter's pen and font change only when they differ from the last ones set.
     void Penna(int colore, int spessore, Qt::PenStyle stile);
     int pennaColore_ = -1, pennaSpessore_ = -1;
     Qt::PenStyle pennaStile_ = Qt::NoPen;
     ChiaveFontUltima ultimoFont_;
     QPainter& p_;
-    int w_, h_;
-    double dpi_;
-    double sx_ = 1, sy_ = 1, ox_ = 0, oy_ = 0;
     struct ChiaveFont {
         QString faccia;
         int pixel;
