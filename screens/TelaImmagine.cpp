@@ -38,13 +38,13 @@ bool SoloSemplice(const QString& t) {
 } // namespace
 
 CacheGlifi::Faccia& CacheGlifi::Di(const QString& faccia, int pixel) {
-    auto i = facce_.find(Chiave{faccia, pixel});
+    auto i = facce_.find(ChiaveFaccia{faccia, pixel});
     if (i != facce_.end()) return **i;
     auto f = std::make_shared<Faccia>();
     f->font = QFont(faccia);
     f->font.setPixelSize(pixel);
     f->ascesa = QFontMetricsF(f->font).ascent();
-    facce_.insert(Chiave{faccia, pixel}, f);
+    facce_.insert(ChiaveFaccia{faccia, pixel}, f);
     return *f;
 }
 

@@ -47,15 +47,7 @@ public:
     void Svuota() { facce_.clear(); }
 
 private:
-    struct Chiave {
-        QString faccia;
-        int pixel;
-        bool operator==(const Chiave&) const = default;
-    };
-    friend size_t qHash(const Chiave& k, size_t seme) {
-        return qHashMulti(seme, k.faccia, k.pixel);
-    }
-    QHash<Chiave, std::shared_ptr<Faccia>> facce_;
+    QHash<ChiaveFaccia, std::shared_ptr<Faccia>> facce_;
 };
 
 class TelaImmagine : public TelaSuPixel {

@@ -83,7 +83,7 @@ void TelaQPainter::Testo(double x, double y, const QString& testo, const QString
     if (std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite || testo.isEmpty()) return;
     const int pixel = std::clamp(int(std::lround(std::abs(altezzaPixel))), 1, 2000);
     Font f;
-    const ChiaveFont chiave{font, pixel};
+    const ChiaveFaccia chiave{font, pixel};
     auto trovato = font_.constFind(chiave);
     if (trovato != font_.constEnd()) {
         f = *trovato;

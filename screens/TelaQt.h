@@ -16,6 +16,16 @@ constexpr double kLimite = 1e6;
 // The part of the segment a-b inside [x0, x1] x [y0, y1]; false when none.
 bool RitagliaSegmento(QPointF& a, QPointF& b, double x0, double y0, double x1, double y1);
 
+// A font face at a pixel height: the key of the Telas' font caches.
+struct ChiaveFaccia {
+    QString faccia;
+    int pixel;
+    bool operator==(const ChiaveFaccia&) const = default;
+};
+inline size_t qHash(const ChiaveFaccia& k, size_t seme) {
+    return qHashMulti(seme, k.faccia, k.pixel);
+}
+
 // What the Telas on pixels share: a surface of w x h pixels at a resolution, and the world's
 // scale onto it.
 class TelaSuPixel : public Tela {
@@ -63,19 +73,11 @@ private:
     Qt::PenStyle pennaStile_ = Qt::NoPen;
     ChiaveFontUltima ultimoFont_;
     QPainter& p_;
-    struct ChiaveFont {
-        QString faccia;
-        int pixel;
-        bool operator==(const ChiaveFont&) const = default;
-    };
-    friend size_t qHash(const ChiaveFont& k, size_t seme) {
-        return qHashMulti(seme, k.faccia, k.pixel);
-    }
     struct Font {
         QFont font;
         double ascesa;
     };
-    QHash<ChiaveFont, Font> font_;
+    QHash<ChiaveFaccia, Font> font_;
 };
 
 } // namespace tavolet
