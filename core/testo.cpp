@@ -206,6 +206,23 @@ QStringList Split(const QString& s, const QString& separatore) {
     return s.split(separatore);
 }
 
+void SplitVista(QStringView s, QChar separatore, std::vector<QStringView>& pezzi) {
+    pezzi.clear();
+    for (qsizetype inizio = 0;;) {
+        const qsizetype fine = s.indexOf(separatore, inizio);
+        if (fine < 0) {
+            pezzi.push_back(s.mid(inizio));
+            return;
+        }
+        pezzi.push_back(s.mid(inizio, fine - inizio));
+        inizio = fine + 1;
+    }
+}
+
+double Val(QStringView testo) {
+    return Val(QString::fromRawData(testo.data(), testo.size()));
+}
+
 QString Join(const QStringList& pezzi, const QString& separatore) {
     return pezzi.join(separatore);
 }

@@ -4,6 +4,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
+
+#include <vector>
 
 namespace tavolet {
 
@@ -13,6 +16,8 @@ inline const QString CRLF = QStringLiteral("\r\n");
 // digits, an exponent (E or D) when digits follow it. Stops at the first character that
 // cannot continue the number. "" -> 0, "6|x|" -> 6, "12.5.3" -> 12.5.
 double Val(const QString& testo);
+// The same on a piece of a longer text, read in place.
+double Val(QStringView testo);
 
 // Picture formatting: '#' optional digit, '0' forced digit, '.' the decimal point (always a
 // point). Rounds half away from zero on the decimal value. Other characters are copied.
@@ -29,6 +34,8 @@ int InStr(int inizio, const QString& s, const QString& cerca);
 int InStrRev(const QString& s, const QString& cerca);
 // An empty string splits into one empty piece; an empty separator gives the whole string.
 QStringList Split(const QString& s, const QString& separatore);
+// The same pieces as views of s, into a list kept by the caller (rows of a large file).
+void SplitVista(QStringView s, QChar separatore, std::vector<QStringView>& pezzi);
 QString Join(const QStringList& pezzi, const QString& separatore);
 // Blanks only (not tabs), as the classic functions do.
 QString Trim(const QString& s);

@@ -49,25 +49,10 @@ bool Numerico(QStringView f) {
     return Numerico(f.toString());
 }
 
-// Val of a piece of a row, read in place.
-double ValVista(QStringView f) {
-    return Val(QString::fromRawData(f.data(), f.size()));
-}
-
 // The pieces of a row between the bars, as views of it; with senzaUltimo the empty piece
 // behind the last bar is left out, as CampiRiga does.
 void CampiVista(QStringView riga, std::vector<QStringView>& campi, bool senzaUltimo) {
-    campi.clear();
-    qsizetype inizio = 0;
-    for (;;) {
-        const qsizetype barra = riga.indexOf(u'|', inizio);
-        if (barra < 0) {
-            campi.push_back(riga.mid(inizio));
-            break;
-        }
-        campi.push_back(riga.mid(inizio, barra - inizio));
-        inizio = barra + 1;
-    }
+    SplitVista(riga, u'|', campi);
     if (senzaUltimo && campi.size() > 1 && campi.back().isEmpty()) campi.pop_back();
 }
 
@@ -325,12 +310,12 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
             CampiVista(riga, c, false);
             const QString id = CampoVista(c, 1).toString();
             const Stile st = StileDelSuffisso(id.isEmpty() ? QChar() : id.back());
-            const double y = ValVista(CampoVista(c, 2));
-            const double x = ValVista(CampoVista(c, 3));
+            const double y = Val(CampoVista(c, 2));
+            const double x = Val(CampoVista(c, 3));
             QString testo;
             double angolo = 0;
             if (!id.isEmpty() && id.back() == u'T') {
-                angolo = ValVista(CampoVista(c, 4)) / (2 * M_PI) * 360;
+                angolo = Val(CampoVista(c, 4)) / (2 * M_PI) * 360;
                 testo = CampoVista(c, 5).toString();
             }
             BV_AggiungiPuntoGraf(g, id, x, y, 0, testo, st.colore, angolo,

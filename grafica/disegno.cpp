@@ -150,14 +150,14 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
 
 // The records of the cells that the world rectangle reaches, in the order of the tables; false
 // when the rectangle covers so much of the grid that the whole tables are as quick.
-bool Candidati(const ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1,
+bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1,
                double margineTesti, double margineLinee, double margineSegni,
                std::vector<int>& punti, std::vector<int>& linee) {
     if (g.Punti.size() + g.Linee.size() < 20000) return false;
     if (!g.Griglia || g.Griglia->versione != g.Versione ||
         g.Griglia->punti != g.Punti.constData() || g.Griglia->nPunti != g.Punti.size() ||
         g.Griglia->linee != g.Linee.constData() || g.Griglia->nLinee != g.Linee.size())
-        const_cast<ModelloGrafica&>(g).Griglia = FaiGriglia(g);
+        g.Griglia = FaiGriglia(g);
     const GrigliaGrafica& q = *g.Griglia;
     const double m = std::max(
         {margineTesti * q.portataTesti, margineLinee * (q.spessoreMassimo + 4), margineSegni});

@@ -76,6 +76,16 @@ TEST(Testo, SplitTrimCasoReplace) {
     EXPECT_EQ(Split("7|2|", "|"), (QStringList{"7", "2", ""}));
     EXPECT_EQ(Split("a\r\nb", "\r\n"), (QStringList{"a", "b"}));
     EXPECT_EQ(Split("abc", ""), QStringList{"abc"});
+    // The pieces as views are the pieces of Split, and Val reads a view as it reads the text.
+    std::vector<QStringView> pezzi;
+    for (const QString t : {"", "|", "7|2|", "8|12%|-5.5e2|3|", "||a||"}) {
+        SplitVista(t, u'|', pezzi);
+        QStringList come;
+        for (QStringView v : pezzi) come << v.toString();
+        EXPECT_EQ(come, Split(t, "|")) << t.toStdString();
+        for (QStringView v : pezzi) EXPECT_EQ(Val(v), Val(v.toString()));
+    }
+    EXPECT_EQ(Val(QStringView(u"12.5|9").left(4)), 12.5);
     EXPECT_EQ(Trim("  a b \t "), "a b \t");
     EXPECT_EQ(LTrim("  a "), "a ");
     EXPECT_EQ(RTrim("  a "), "  a");
