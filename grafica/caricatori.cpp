@@ -32,13 +32,6 @@ QStringList RigheDelFile(const QString& percorso) {
     return LeggiRighe(percorso);
 }
 
-// Pieces of a row without the empty piece behind the last bar.
-QStringList CampiRiga(const QString& riga) {
-    QStringList c = Split(riga, QStringLiteral("|"));
-    if (c.size() > 1 && c.last().isEmpty()) c.removeLast();
-    return c;
-}
-
 bool Numerico(const QString& f) {
     return Val(f) != 0 || (!f.isEmpty() && f[0].isDigit());
 }
@@ -50,7 +43,7 @@ bool Numerico(QStringView f) {
 }
 
 // The pieces of a row between the bars, as views of it; with senzaUltimo the empty piece
-// behind the last bar is left out, as CampiRiga does.
+// behind the last bar is left out.
 void CampiVista(QStringView riga, std::vector<QStringView>& campi, bool senzaUltimo) {
     SplitVista(riga, u'|', campi);
     if (senzaUltimo && campi.size() > 1 && campi.back().isEmpty()) campi.pop_back();

@@ -43,11 +43,11 @@ inline bool Etichetta(const QString& n) {
 // large sheet visits the records of the cells it reaches instead of the whole tables.
 struct GrigliaGrafica {
     // What it was made from.
-    quint64 versione;
-    const void* punti;
-    qsizetype nPunti;
-    const void* linee;
-    qsizetype nLinee;
+    quint64 versione = 0;
+    const void* punti = nullptr;
+    qsizetype nPunti = 0;
+    const void* linee = nullptr;
+    qsizetype nLinee = 0;
 
     double x0 = 0, y0 = 0, lato = 1;
     int nx = 1, ny = 1;
@@ -66,9 +66,13 @@ struct GrigliaGrafica {
 namespace {
 
 std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
-    auto r = std::make_shared<GrigliaGrafica>(GrigliaGrafica{
-        g.Versione, g.Punti.constData(), g.Punti.size(), g.Linee.constData(), g.Linee.size()});
+    auto r = std::make_shared<GrigliaGrafica>();
     GrigliaGrafica& q = *r;
+    q.versione = g.Versione;
+    q.punti = g.Punti.constData();
+    q.nPunti = g.Punti.size();
+    q.linee = g.Linee.constData();
+    q.nLinee = g.Linee.size();
     double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
     auto allarga = [&](double x, double y) {
         if (!Finito(x, y)) return;

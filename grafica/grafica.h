@@ -61,7 +61,14 @@ public:
 private:
     static int Numero(QStringView nome); // -1 when not a plain "n%" within the table's reach
     std::vector<int> perNumero_;         // -1 where no point has the number
-    QHash<QString, int> altri_;
+    // The other names, in an open table of slots looked up by a view of the name: the fields
+    // of a ring are tried as names without a string made for each.
+    struct Altro {
+        QString nome;
+        int indice;
+    };
+    std::vector<Altro> altri_;
+    std::vector<int> slot_; // a power of two of positions in altri_, -1 where free
 };
 
 struct GrigliaGrafica;

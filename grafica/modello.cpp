@@ -1,6 +1,8 @@
 // The tables, the switches and the view's zoom and pan steps.
 #include "grafica.h"
 
+#include <algorithm>
+
 #include "stato.h"
 #include "testo.h"
 
@@ -28,7 +30,19 @@ int ModelloGrafica::TrovaPunto(QStringView nome) const {
 void IndiceNomiPunti::clear() {
     perNumero_.clear();
     altri_.clear();
+    slot_.clear();
 }
+
+namespace {
+
+// FNV-1a over the UTF-16 units: names are short.
+size_t HashNome(QStringView nome) {
+    quint64 h = 1469598103934665603ull;
+    for (QChar c : nome) h = (h ^ c.unicode()) * 1099511628211ull;
+    return size_t(h ^ (h >> 29));
+}
+
+} // namespace
 
 int IndiceNomiPunti::Numero(QStringView nome) {
     // Digits without a leading zero (or the single 0), then "%"; a million names at most, so
@@ -47,13 +61,32 @@ int IndiceNomiPunti::Numero(QStringView nome) {
 int IndiceNomiPunti::Trova(QStringView nome) const {
     const int k = Numero(nome);
     if (k >= 0) return size_t(k) < perNumero_.size() ? perNumero_[size_t(k)] : -1;
-    return altri_.value(nome.toString(), -1);
+    if (slot_.empty()) return -1;
+    const size_t maschera = slot_.size() - 1;
+    for (size_t i = HashNome(nome) & maschera;; i = (i + 1) & maschera) {
+        const int s = slot_[i];
+        if (s < 0) return -1;
+        if (altri_[size_t(s)].nome == nome) return altri_[size_t(s)].indice;
+    }
 }
 
 void IndiceNomiPunti::AggiungiSeNuovo(const QString& nome, int indice) {
     const int k = Numero(nome);
     if (k < 0) {
-        if (!altri_.contains(nome)) altri_.insert(nome, indice);
+        if (Trova(nome) >= 0) return;
+        // Kept at most half full, so that a search always meets a free slot.
+        if ((altri_.size() + 1) * 2 > slot_.size()) {
+            slot_.assign(std::max<size_t>(16, slot_.size() * 2), -1);
+            for (size_t a = 0; a < altri_.size(); ++a) {
+                size_t i = HashNome(altri_[a].nome) & (slot_.size() - 1);
+                while (slot_[i] >= 0) i = (i + 1) & (slot_.size() - 1);
+                slot_[i] = int(a);
+            }
+        }
+        size_t i = HashNome(nome) & (slot_.size() - 1);
+        while (slot_[i] >= 0) i = (i + 1) & (slot_.size() - 1);
+        slot_[i] = int(altri_.size());
+        altri_.push_back({nome, indice});
         return;
     }
     if (size_t(k) >= perNumero_.size())
