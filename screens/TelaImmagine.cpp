@@ -43,6 +43,9 @@ CacheGlifi::Faccia& CacheGlifi::Di(const QString& faccia, int pixel) {
     auto f = std::make_shared<Faccia>();
     f->font = QFont(faccia);
     f->font.setPixelSize(pixel);
+    // Set without smoothing, as the picture box of old drew it: a pixel of a glyph is ink or
+    // not, which also lets a turned name be drawn from the same glyphs.
+    f->font.setStyleStrategy(QFont::NoAntialias);
     f->ascesa = QFontMetricsF(f->font).ascent();
     facce_.insert(ChiaveFaccia{faccia, pixel}, f);
     return *f;
@@ -344,6 +347,63 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
     return true;
 }
 
+const std::vector<quint8>& CacheGlifi::Maschera(const Glifo& g) {
+    if (g.maschera.empty() && g.larghezza > 0 && g.altezza > 0) {
+        g.maschera.assign(size_t(g.larghezza) * size_t(g.altezza), 0);
+        for (const Tratto& t : g.tratti)
+            for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k)
+                g.maschera[size_t(t.riga) * size_t(g.larghezza) + size_t(x)] = g.copertura[size_t(k)];
+    }
+    return g.maschera;
+}
+
+bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
+                                double angolo, quint32 colore) {
+    // Each pixel near a glyph turned around the text's corner takes the glyph's pixel it
+    // falls on: the turn of the painter's frame, undone.
+    if (!SoloSemplice(testo)) return false;
+    ultimaTessera_ = -1;
+    const double a = -angolo * M_PI / 180, co = std::cos(a), si = std::sin(a);
+    double penna = 0;
+    for (QChar ch : testo) {
+        const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
+        const double u0 = penna + g.dx, v0 = f.ascesa + g.dy;
+        penna += g.avanzamento;
+        if (g.tratti.empty()) continue;
+        const std::vector<quint8>& m = glifi_->Maschera(g);
+        // The glyph's box turned onto the image.
+        double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
+        for (const auto& [u, v] : {std::pair{u0, v0}, {u0 + g.larghezza, v0},
+                                   {u0, v0 + g.altezza}, {u0 + g.larghezza, v0 + g.altezza}}) {
+            const double x = c.x() + u * co - v * si, y = c.y() + u * si + v * co;
+            x0 = std::min(x0, x);
+            x1 = std::max(x1, x);
+            y0 = std::min(y0, y);
+            y1 = std::max(y1, y);
+        }
+        if (x1 < 0 || y1 < 0 || x0 > w_ || y0 > h_) continue;
+        const int px0 = std::max(0, int(std::floor(x0))), px1 = std::min(w_ - 1, int(std::ceil(x1)));
+        const int py0 = std::max(0, int(std::floor(y0))), py1 = std::min(h_ - 1, int(std::ceil(y1)));
+        for (int py = py0; py <= py1; ++py)
+            for (int px = px0; px <= px1; ++px) {
+                const double dx = px + 0.5 - c.x(), dy = py + 0.5 - c.y();
+                const int mx = int(std::floor(co * dx + si * dy - u0));
+                const int my = int(std::floor(-si * dx + co * dy - v0));
+                if (mx < 0 || my < 0 || mx >= g.larghezza || my >= g.altezza) continue;
+                if (const int k = m[size_t(my) * size_t(g.larghezza) + size_t(mx)]) {
+                    if (k >= 255) {
+                        Pixel(px, py, colore);
+                    } else {
+                        Fondi(reinterpret_cast<quint32*>(bits_ + py * riga_)[px], colore, k);
+                        Tocca((py >> kPasso) * tw_ + (px >> kPasso), colore);
+                        ultimaTessera_ = -1;
+                    }
+                }
+            }
+    }
+    return true;
+}
+
 void TelaImmagine::Testo(double x, double y, const QString& testo, const QString& font,
                          double altezzaPixel, double angolo, int colore) {
     const QPointF c = Mappa(x, y);
@@ -361,6 +421,8 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
     CacheGlifi::Faccia& f = *ultima_;
     const bool dritto = angolo == 0 || !std::isfinite(angolo);
     if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
+    if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore)))
+        return;
     // The point is the text's upper left corner, and the text turns around it.
     QPainter& p = Pittore();
     p.setPen(QColor::fromRgb(ColoreQB(colore)));

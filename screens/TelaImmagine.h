@@ -34,6 +34,7 @@ public:
         int larghezza = 0, altezza = 0;
         std::vector<Tratto> tratti;
         std::vector<quint8> copertura;
+        mutable std::vector<quint8> maschera; // the coverage in full rows, made when turned
     };
     struct Faccia {
         QFont font;
@@ -44,6 +45,7 @@ public:
     // The face of that name at that pixel height.
     Faccia& Di(const QString& faccia, int pixel);
     const Glifo& GlifoDi(Faccia& f, char16_t c);
+    static const std::vector<quint8>& Maschera(const Glifo& g);
     void Svuota() { facce_.clear(); }
 
 private:
@@ -72,6 +74,8 @@ private:
     QPainter& Pittore();
     void Pixel(int x, int y, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
+    bool TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Faccia& f, double angolo,
+                      quint32 colore);
 
     QImage& img_;
     uchar* bits_ = nullptr; // null: every stroke through the painter
