@@ -335,7 +335,8 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
             }
             if (aperto) {
                 g.List6.append(corrente.campi + corrente.coda);
-                anelli.append(corrente);
+                corrente.campi.clear(); // List6 holds the ring's text from here on
+                anelli.append(std::move(corrente));
             }
             corrente = Anello();
             aperto = true;
@@ -350,13 +351,15 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
         }
         if (aperto) {
             g.List6.append(corrente.campi + corrente.coda);
-            anelli.append(corrente);
+            corrente.campi.clear();
+            anelli.append(std::move(corrente));
         }
 
         int colore = 0, stile = 0;
         const bool vecchiaMappa = indice == 0 && proposta == 1;
-        for (const Anello& a : anelli) {
-            const QString testo = a.campi + a.coda;
+        for (qsizetype k = 0; k < anelli.size(); ++k) {
+            const Anello& a = anelli[k];
+            const QString& testo = g.List6[k];
             const int spessore = testo.contains(u'+') ? 2 : 1;
             CampiVista(testo, c, false);
             c.pop_back(); // the piece behind the last bar

@@ -63,7 +63,32 @@ struct GrigliaGrafica {
     }
 };
 
+struct TipiPunti {
+    quint64 versione = 0;
+    const void* punti = nullptr;
+    qsizetype nPunti = 0;
+    enum : quint8 { kNumerato, kToponimo, kEtichetta };
+    std::vector<quint8> tipo;
+};
+
 namespace {
+
+const TipiPunti& Tipi(ModelloGrafica& g) {
+    if (!g.Tipi || g.Tipi->versione != g.Versione || g.Tipi->punti != g.Punti.constData() ||
+        g.Tipi->nPunti != g.Punti.size()) {
+        auto t = std::make_shared<TipiPunti>();
+        t->versione = g.Versione;
+        t->punti = g.Punti.constData();
+        t->nPunti = g.Punti.size();
+        t->tipo.reserve(size_t(g.Punti.size()));
+        for (const PuntoGrafica& p : g.Punti)
+            t->tipo.push_back(Toponimo(p.Nome)    ? TipiPunti::kToponimo
+                              : Etichetta(p.Nome) ? TipiPunti::kEtichetta
+                                                  : TipiPunti::kNumerato);
+        g.Tipi = std::move(t);
+    }
+    return *g.Tipi;
+}
 
 std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
     auto r = std::make_shared<GrigliaGrafica>();
@@ -158,6 +183,13 @@ bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1
                double margineTesti, double margineLinee, double margineSegni,
                std::vector<int>& punti, std::vector<int>& linee) {
     if (g.Punti.size() + g.Linee.size() < 20000) return false;
+    // A view over much of the drawing's box visits most records anyway: no grid is made for it
+    // (the first picture of a sheet is such a view).
+    const VistaGrafica& v = *g.Vista;
+    const double area = (v.XMax - v.XMin) * (v.YMax - v.YMin);
+    const double sx = std::min(qx1, v.XMax) - std::max(qx0, v.XMin);
+    const double sy = std::min(qy1, v.YMax) - std::max(qy0, v.YMin);
+    if (std::isfinite(area) && area > 0 && sx > 0 && sy > 0 && sx * sy * 4 > area) return false;
     if (!g.Griglia || g.Griglia->versione != g.Versione ||
         g.Griglia->punti != g.Punti.constData() || g.Griglia->nPunti != g.Punti.size() ||
         g.Griglia->linee != g.Linee.constData() || g.Griglia->nLinee != g.Linee.size())
@@ -220,37 +252,46 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         ritaglia && opzioni.griglia &&
         Candidati(g, cx + vis.x0, cy + vis.y0, cx + vis.x1, cy + vis.y1, 20 / twips * mondoPerPixel,
                   mondoPerPixel, raggio + 2 * mondoPerPixel, soloPunti, soloLinee);
-    auto perOgniLinea = [&](auto&& f) {
-        if (parte)
-            for (int i : soloLinee) f(g.Linee[i]);
-        else
-            for (const LineaGrafica& l : g.Linee) f(l);
-    };
-    auto perOgniPunto = [&](auto&& f) {
-        if (parte)
-            for (int i : soloPunti) f(g.Punti[i]);
-        else
-            for (const PuntoGrafica& p : g.Punti) f(p);
+    // Strokes in their order, or from the last to a Tela that lays them underneath: then each
+    // pass runs backwards and the passes come in the reverse order.
+    bool rovescio = false;
+    auto perOgni = [&](const auto& tabella, const std::vector<int>& indici, auto&& f) {
+        if (parte) {
+            if (rovescio)
+                for (auto i = indici.rbegin(); i != indici.rend(); ++i) f(tabella[*i], *i);
+            else
+                for (int i : indici) f(tabella[i], i);
+        } else if (rovescio) {
+            for (qsizetype i = tabella.size(); i-- > 0;) f(tabella[i], i);
+        } else {
+            for (qsizetype i = 0; i < tabella.size(); ++i) f(tabella[i], i);
+        }
     };
 
-    // Lines.
-    perOgniLinea([&](const LineaGrafica& l) {
-        const double x1 = l.X1 - cx, y1 = l.Y1 - cy, x2 = l.X2 - cx, y2 = l.Y2 - cy;
-        if (!Finito(x1, y1) || !Finito(x2, y2)) return;
-        if (ritaglia && !vis.Tocca(x1, y1, x2, y2, (std::abs(l.Spessore) + 4) * mondoPerPixel))
-            return;
-        tela.Linea(x1, y1, x2, y2, l.Spessore, l.Stile, l.Colore);
-    });
+    auto linee = [&] {
+        perOgni(g.Linee, soloLinee, [&](const LineaGrafica& l, qsizetype) {
+            const double x1 = l.X1 - cx, y1 = l.Y1 - cy, x2 = l.X2 - cx, y2 = l.Y2 - cy;
+            if (!Finito(x1, y1) || !Finito(x2, y2)) return;
+            if (ritaglia && !vis.Tocca(x1, y1, x2, y2, (std::abs(l.Spessore) + 4) * mondoPerPixel))
+                return;
+            tela.Linea(x1, y1, x2, y2, l.Spessore, l.Stile, l.Colore);
+        });
+    };
 
-    // Markers: only inside the box of the whole drawing. The place is tested before the name,
-    // which lies elsewhere in memory: a zoomed view leaves most points out at the first test.
-    perOgniPunto([&](const PuntoGrafica& p) {
-        if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) return;
-        const double x = p.X - cx, y = p.Y - cy;
-        if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) return;
-        if (Etichetta(p.Nome) || Toponimo(p.Nome)) return;
-        tela.Cerchio(x, y, raggio, p.Colore);
-    });
+    // The kind of each point, read once per version of the tables rather than from each name
+    // in each pass.
+    const std::vector<quint8>& tipo = Tipi(g).tipo;
+
+    // Markers: only inside the box of the whole drawing.
+    auto segni = [&] {
+        perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& p, qsizetype i) {
+            if (tipo[size_t(i)] != TipiPunti::kNumerato) return;
+            if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) return;
+            const double x = p.X - cx, y = p.Y - cy;
+            if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) return;
+            tela.Cerchio(x, y, raggio, p.Colore);
+        });
+    };
 
     // Texts: toponyms, names, parcel labels. A text can reach as far as its length in
     // characters times its height from where it starts, in any direction.
@@ -261,20 +302,41 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         const double portata = (t.size() + 2) * std::abs(p.Dimensione * 20 / twips) * mondoPerPixel;
         return !std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata);
     };
-    auto testo = [&](const PuntoGrafica& p, const QString& t) {
-        tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo, p.Colore);
+    auto testi = [&](quint8 quale, bool toponimi) {
+        perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& p, qsizetype i) {
+            if (tipo[size_t(i)] != quale) return;
+            const QString& t = toponimi ? p.Testo : p.Nome;
+            if (fuori(p, t)) return;
+            tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo,
+                       p.Colore);
+        });
     };
-    if (!v.ToponimiNo)
-        perOgniPunto([&](const PuntoGrafica& p) {
-            if (!fuori(p, p.Testo) && Toponimo(p.Nome)) testo(p, p.Testo);
-        });
-    if (!v.NomiNo)
-        perOgniPunto([&](const PuntoGrafica& p) {
-            if (!fuori(p, p.Nome) && !Toponimo(p.Nome) && !Etichetta(p.Nome)) testo(p, p.Nome);
-        });
-    perOgniPunto([&](const PuntoGrafica& p) {
-        if (!fuori(p, p.Nome) && Etichetta(p.Nome)) testo(p, p.Nome);
-    });
+    auto toponimi = [&] {
+        if (!v.ToponimiNo) testi(TipiPunti::kToponimo, true);
+    };
+    auto nomi = [&] {
+        if (!v.NomiNo) testi(TipiPunti::kNumerato, false);
+    };
+    auto etichette = [&] { testi(TipiPunti::kEtichetta, false); };
+
+    if (opzioni.rovescio && tela.IniziaAlRovescio()) {
+        rovescio = true;
+        etichette();
+        nomi();
+        toponimi();
+        segni();
+        linee();
+        if (tela.FinisciAlRovescio()) return;
+        // The Tela gave up: everything again, in order, on a clean surface.
+        rovescio = false;
+        tela.Pulisci();
+        tela.Scala(-a * r / 2, a / 2, a * r / 2, -a / 2);
+    }
+    linee();
+    segni();
+    toponimi();
+    nomi();
+    etichette();
 }
 
 } // namespace tavolet

@@ -72,6 +72,7 @@ private:
 };
 
 struct GrigliaGrafica;
+struct TipiPunti;
 
 // The state of one plot control: tables, row lists, switches and the mouse's working values.
 struct ModelloGrafica {
@@ -113,6 +114,9 @@ struct ModelloGrafica {
     // would have to count here too.
     quint64 Versione = 0;
     std::shared_ptr<const GrigliaGrafica> Griglia;
+    // The kind of each point by its name (toponym, parcel label, numbered point), for the same
+    // version of the tables: the passes read a byte instead of each name.
+    std::shared_ptr<const TipiPunti> Tipi;
 };
 
 // ---- The four switches (section CONFIGURA_GRAFICA1) ----
@@ -186,6 +190,13 @@ public:
     // angolo degrees counterclockwise, on a transparent background.
     virtual void Testo(double x, double y, const QString& testo, const QString& font,
                        double altezzaPixel, double angolo, int colore) = 0;
+
+    // A Tela that can lay each stroke under the ones it already holds says yes here, and then
+    // takes the strokes from the last to the first: the picture is the same, and what the
+    // later strokes cover costs next to nothing. FinisciAlRovescio says no when the Tela gave
+    // up; the strokes are then given again, in their order, on a cleared surface.
+    virtual bool IniziaAlRovescio() { return false; }
+    virtual bool FinisciAlRovescio() { return true; }
 };
 
 // The QB palette as 0xRRGGBB.
@@ -196,6 +207,8 @@ struct OpzioniDisegno {
     bool ritaglia = true;
     // With ritaglia, visit only the records near the view on a large sheet (the same strokes).
     bool griglia = true;
+    // Give the strokes from the last to a Tela that can lay them underneath (the same picture).
+    bool rovescio = true;
 };
 
 // The four passes of the redraw: lines, markers, toponyms, names, parcel labels.

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -100,6 +101,12 @@ const CacheGlifi::Glifo& CacheGlifi::GlifoDi(Faccia& f, char16_t c) {
             g.tratti.push_back(t);
         }
     }
+    g.opaco = std::all_of(g.copertura.begin(), g.copertura.end(), [](quint8 a) { return a == 255; });
+    if (g.opaco && g.larghezza <= 64) {
+        g.righe.assign(size_t(g.altezza), 0);
+        for (const Tratto& t : g.tratti)
+            for (int x = t.x0; x < t.x1; ++x) g.righe[size_t(t.riga)] |= quint64(1) << x;
+    }
     return g;
 }
 
@@ -135,6 +142,7 @@ QPainter& TelaImmagine::Pittore() {
 }
 
 void TelaImmagine::Pulisci() {
+    rovescio_ = rinuncia_ = false;
     if (!bits_) {
         if (!img_.isNull()) Pittore().fillRect(QRect(0, 0, w_, h_), Qt::white);
         return;
@@ -226,11 +234,76 @@ inline void Fondi(quint32& d, quint32 colore, int alfa) {
 
 } // namespace
 
+bool TelaImmagine::IniziaAlRovescio() {
+    if (!bits_ || !rovescioAmmesso_) return false;
+    rovescio_ = true;
+    rinuncia_ = false;
+    parole_ = (w_ + 63) / 64;
+    presi_.assign(size_t(parole_) * size_t(h_), 0);
+    return true;
+}
+
+bool TelaImmagine::FinisciAlRovescio() {
+    if (!rovescio_) return true;
+    rovescio_ = false;
+    presi_ = {};
+    return !rinuncia_;
+}
+
+inline void TelaImmagine::Scrivi(int x, int y, quint32 colore) {
+    if (!rovescio_) {
+        Pixel(x, y, colore);
+        return;
+    }
+    quint64& p = presi_[size_t(y) * size_t(parole_) + size_t(x >> 6)];
+    const quint64 bit = quint64(1) << (x & 63);
+    if (p & bit) return;
+    p |= bit;
+    reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
+}
+
+void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore) {
+    const int r0 = std::max(0, -gy), r1 = std::min(g.altezza, h_ - gy);
+    if (!g.righe.empty() && gx >= 0 && gx + g.larghezza <= w_) {
+        // A row at a time: the glyph's bits against those taken, in one or two words.
+        const int parola = gx >> 6, s = gx & 63;
+        for (int r = r0; r < r1; ++r) {
+            const quint64 m = g.righe[size_t(r)];
+            if (!m) continue;
+            const int y = gy + r;
+            quint64* p = presi_.data() + size_t(y) * size_t(parole_) + size_t(parola);
+            quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_) + (parola << 6);
+            quint64 nuovi = (m << s) & ~p[0];
+            p[0] |= nuovi;
+            for (; nuovi; nuovi &= nuovi - 1) d[std::countr_zero(nuovi)] = colore;
+            if (s && (m >> (64 - s))) {
+                nuovi = (m >> (64 - s)) & ~p[1];
+                p[1] |= nuovi;
+                for (; nuovi; nuovi &= nuovi - 1) d[64 + std::countr_zero(nuovi)] = colore;
+            }
+        }
+        return;
+    }
+    if (!g.opaco) {
+        rinuncia_ = true;
+        return;
+    }
+    for (const CacheGlifi::Tratto& t : g.tratti) {
+        const int y = gy + t.riga;
+        if (y < 0 || y >= h_) continue;
+        for (int x = std::max(gx + t.x0, 0); x < std::min(gx + t.x1, w_); ++x) Scrivi(x, y, colore);
+    }
+}
+
 void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                          int colore) {
     QPointF a = Mappa(x1, y1), b = Mappa(x2, y2);
     const int larghezza = std::clamp(spessore, 1, 100);
-    if (!bits_ || larghezza > 1) {
+    if (bits_ && larghezza > 1) {
+        LineaSpessa(a, b, larghezza, stile, Argb(colore));
+        return;
+    }
+    if (!bits_) {
         if (img_.isNull() || !RitagliaSegmento(a, b, -kLimite, -kLimite, kLimite, kLimite)) return;
         QPen penna(QColor::fromRgb(ColoreQB(colore)));
         penna.setWidth(larghezza);
@@ -259,7 +332,7 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
         // Qt's patterns for a pen of one pixel: a dash of 4 and a gap of 2, a dot and a gap of 2.
         if (stile == 1 && i % 6 >= 4) continue;
         if (stile == 2 && i % 3 != 0) continue;
-        Pixel(std::clamp(int(fx >> 16), 0, w_ - 1), std::clamp(int(fy >> 16), 0, h_ - 1), c);
+        Scrivi(std::clamp(int(fx >> 16), 0, w_ - 1), std::clamp(int(fy >> 16), 0, h_ - 1), c);
     }
 }
 
@@ -269,7 +342,11 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
     if (!std::isfinite(r) || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
         std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite)
         return;
-    if (!bits_ || r > 32) {
+    if (bits_ && r > 32) {
+        AnelloGrande(c, r, Argb(colore));
+        return;
+    }
+    if (!bits_) {
         if (img_.isNull()) return;
         QPen penna(QColor::fromRgb(ColoreQB(colore)));
         penna.setWidth(1);
@@ -302,16 +379,105 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
     const quint32 k = Argb(colore);
     for (const auto& [i, j] : anello) {
         const int px = bx + i, py = by + j;
-        if (px >= 0 && px < w_ && py >= 0 && py < h_) Pixel(px, py, k);
+        if (px >= 0 && px < w_ && py >= 0 && py < h_) Scrivi(px, py, k);
+    }
+}
+
+void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, quint32 colore) {
+    // The pixels whose middle lies in the band of the pen along the segment, with square ends
+    // half a width long; dashes and dots as Qt's patterns, in units of the width.
+    const double m = larghezza;
+    if (!RitagliaSegmento(a, b, -2 * m, -2 * m, w_ + 2 * m, h_ + 2 * m)) return;
+    const double lx = b.x() - a.x(), ly = b.y() - a.y(), lung = std::hypot(lx, ly);
+    const double ux = lung > 0 ? lx / lung : 1, uy = lung > 0 ? ly / lung : 0;
+    const double meta = m / 2;
+    const int y0 = std::max(0, int(std::floor(std::min(a.y(), b.y()) - m)));
+    const int y1 = std::min(h_ - 1, int(std::ceil(std::max(a.y(), b.y()) + m)));
+    // Along the segment t = (p - a) . u in [-meta, lung + meta]; across it d = (p - a) . n in
+    // [-meta, meta], with n = (-uy, ux). On a row both are linear in x.
+    for (int y = y0; y <= y1; ++y) {
+        const double py = y + 0.5 - a.y();
+        double xl = -HUGE_VAL, xr = HUGE_VAL;
+        auto limita = [&](double coeff, double costante, double lo, double hi) {
+            // lo <= coeff * X + costante <= hi, with X = x + 0.5 - a.x()
+            if (std::abs(coeff) < 1e-12) {
+                if (costante < lo || costante > hi) xr = -HUGE_VAL;
+                return;
+            }
+            double e1 = (lo - costante) / coeff, e2 = (hi - costante) / coeff;
+            if (e1 > e2) std::swap(e1, e2);
+            xl = std::max(xl, e1);
+            xr = std::min(xr, e2);
+        };
+        limita(ux, py * uy, -meta, lung + meta);
+        limita(-uy, py * ux, -meta, meta);
+        if (!(xl <= xr)) continue;
+        const int i0 = std::max(0, int(std::ceil(xl + a.x() - 0.5)));
+        const int i1 = std::min(w_ - 1, int(std::floor(xr + a.x() - 0.5)));
+        for (int x = i0; x <= i1; ++x) {
+            if (stile == 1 || stile == 2) {
+                const double t = (x + 0.5 - a.x()) * ux + py * uy + meta;
+                const double periodo = stile == 1 ? 6 * m : 3 * m;
+                const double fase = t - std::floor(t / periodo) * periodo;
+                if (fase >= (stile == 1 ? 4 * m : m)) continue;
+            }
+            Scrivi(x, y, colore);
+        }
+    }
+}
+
+void TelaImmagine::AnelloGrande(QPointF c, double r, quint32 colore) {
+    // The same ring a row at a time: on a row the pixels within half a pixel of the circle
+    // make one or two runs. A ring far larger than the image reaches around it.
+    if (r > 8 * kLimite) return;
+    const double fuori = (r + 0.5) * (r + 0.5), dentro = r >= 0.5 ? (r - 0.5) * (r - 0.5) : -1;
+    const int y0 = std::max(0, int(std::floor(c.y() - r - 1)));
+    const int y1 = std::min(h_ - 1, int(std::ceil(c.y() + r + 1)));
+    auto tratto = [&](int y, double l, double rr) {
+        const int i0 = std::max(0, int(std::ceil(l - 0.5)));
+        const int i1 = std::min(w_ - 1, int(std::floor(rr - 0.5)));
+        for (int x = i0; x <= i1; ++x) Scrivi(x, y, colore);
+    };
+    for (int y = y0; y <= y1; ++y) {
+        const double dy = y + 0.5 - c.y(), dy2 = dy * dy;
+        if (dy2 > fuori) continue;
+        const double e = std::sqrt(fuori - dy2);
+        if (dentro < 0 || dy2 >= dentro) {
+            tratto(y, c.x() - e, c.x() + e);
+            continue;
+        }
+        const double i = std::sqrt(dentro - dy2);
+        tratto(y, c.x() - e, c.x() - i);
+        // The right run starts past the left one, so no pixel is laid twice.
+        const int fineSinistra = int(std::floor(c.x() - i - 0.5));
+        tratto(y, std::max(c.x() + i, fineSinistra + 1.5), c.x() + e);
     }
 }
 
 bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
                                 quint32 colore) {
     if (!SoloSemplice(testo)) return false;
-    ultimaTessera_ = -1; // glyphs change tiles behind the strokes' back
     double penna = c.x();
     const int base = Arrotonda(c.y() + f.ascesa);
+    if (rovescio_) {
+        // From the last glyph, as neighbours may overlap.
+        posti_.clear();
+        for (QChar ch : testo) {
+            const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
+            posti_.push_back({&g, Arrotonda(penna) + g.dx});
+            penna += g.avanzamento;
+        }
+        for (auto i = posti_.rbegin(); i != posti_.rend(); ++i) {
+            const CacheGlifi::Glifo& g = *i->first;
+            const int gx = i->second, gy = base + g.dy;
+            if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
+                gy + g.altezza <= 0)
+                continue;
+            GlifoSotto(g, gx, gy, colore);
+        }
+        return true;
+    }
+    ultimaTessera_ = -1; // glyphs change tiles behind the strokes' back
     for (QChar ch : testo) {
         const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
         const int gx = Arrotonda(penna) + g.dx, gy = base + g.dy;
@@ -365,11 +531,24 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
     ultimaTessera_ = -1;
     const double a = -angolo * M_PI / 180, co = std::cos(a), si = std::sin(a);
     double penna = 0;
+    posti_.clear();
+    std::vector<double> penne;
     for (QChar ch : testo) {
         const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-        const double u0 = penna + g.dx, v0 = f.ascesa + g.dy;
+        posti_.push_back({&g, 0});
+        penne.push_back(penna);
         penna += g.avanzamento;
+    }
+    for (size_t n = 0; n < posti_.size(); ++n) {
+        // From the last glyph when the strokes come from the last.
+        const size_t i = rovescio_ ? posti_.size() - 1 - n : n;
+        const CacheGlifi::Glifo& g = *posti_[i].first;
+        const double u0 = penne[i] + g.dx, v0 = f.ascesa + g.dy;
         if (g.tratti.empty()) continue;
+        if (rovescio_ && !g.opaco) {
+            rinuncia_ = true;
+            return true;
+        }
         const std::vector<quint8>& m = glifi_->Maschera(g);
         // The glyph's box turned onto the image.
         double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
@@ -392,7 +571,7 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
                 if (mx < 0 || my < 0 || mx >= g.larghezza || my >= g.altezza) continue;
                 if (const int k = m[size_t(my) * size_t(g.larghezza) + size_t(mx)]) {
                     if (k >= 255) {
-                        Pixel(px, py, colore);
+                        Scrivi(px, py, colore);
                     } else {
                         Fondi(reinterpret_cast<quint32*>(bits_ + py * riga_)[px], colore, k);
                         Tocca((py >> kPasso) * tw_ + (px >> kPasso), colore);
@@ -423,6 +602,11 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
     if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
     if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore)))
         return;
+    if (rovescio_) {
+        // The painter draws in order only.
+        rinuncia_ = true;
+        return;
+    }
     // The point is the text's upper left corner, and the text turns around it.
     QPainter& p = Pittore();
     p.setPen(QColor::fromRgb(ColoreQB(colore)));

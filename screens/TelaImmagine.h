@@ -35,6 +35,8 @@ public:
         std::vector<Tratto> tratti;
         std::vector<quint8> copertura;
         mutable std::vector<quint8> maschera; // the coverage in full rows, made when turned
+        bool opaco = true;           // every covered pixel wholly
+        std::vector<quint64> righe;  // opaque and at most 64 wide: each row's pixels as bits
     };
     struct Faccia {
         QFont font;
@@ -70,9 +72,22 @@ public:
     // on by default, off in the tests that prove the picture is the same.
     void UsaMappaTinte(bool si) { mappa_ = si; }
 
+    // Every stroke here covers its pixels wholly, so it can be laid under the ones already
+    // drawn: a pixel takes the first colour it gets and keeps it. Text that only the painter
+    // can set makes the Tela give up. On by default; the tests draw both ways.
+    bool IniziaAlRovescio() override;
+    bool FinisciAlRovescio() override;
+    void UsaRovescio(bool si) { rovescioAmmesso_ = si; }
+
 private:
     QPainter& Pittore();
     void Pixel(int x, int y, quint32 colore);
+    // A pixel wholly covered, in either order.
+    void Scrivi(int x, int y, quint32 colore);
+    void LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, quint32 colore);
+    void AnelloGrande(QPointF c, double r, quint32 colore);
+    // The glyph's rows at gx, gy from the last stroke: only the pixels not yet taken.
+    void GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
     bool TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Faccia& f, double angolo,
                       quint32 colore);
@@ -104,6 +119,12 @@ private:
     int glifiDallaVerifica_ = 0;
     int ultimaTessera_ = -1;
     quint32 ultimoColore_ = 0, ultimaEpoca_ = 0;
+
+    // Drawing from the last stroke: a bit per pixel already taken.
+    bool rovescioAmmesso_ = true, rovescio_ = false, rinuncia_ = false;
+    int parole_ = 0; // words of bits per row
+    std::vector<quint64> presi_;
+    std::vector<std::pair<const CacheGlifi::Glifo*, int>> posti_; // a text's glyphs and x
 
     // The rings of the last marker radius, one per eighth of a pixel of the centre.
     int raggio16_ = -1;

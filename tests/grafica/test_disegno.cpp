@@ -2,6 +2,8 @@
 #include "generatore.h"
 #include "grafica.h"
 #include "registratore.h"
+
+#include <algorithm>
 #include "supporto.h"
 
 #include "testo.h"
@@ -138,7 +140,20 @@ TEST_F(Disegno, QuelloCheCadeFuoriDallaTelaNonVienePassato) {
 // On a large sheet a view of a part visits only the records of the grid's cells near it: the
 // strokes are those of the walk over the whole tables, call for call, wherever the view goes
 // (inside, on the edges, off the sheet), with odd records among them and after a reload.
-TEST_F(Disegno, LaGrigliaDaGliStessiTratti) {
+// A Tela that takes the strokes from the last, and may give up at the end.
+class TelaAlRovescio : public TelaRegistratore {
+public:
+    bool rinuncia = false;
+    bool IniziaAlRovescio() override { return true; }
+    bool FinisciAlRovescio() override {
+        if (rinuncia) tratti.clear(); // given again in order after a clearing
+        return !rinuncia;
+    }
+};
+
+// The grid visits only the records near the view, and a Tela that lays strokes underneath
+// gets them from the last: the same strokes either way.
+TEST_F(Disegno, LaGrigliaEIlRovescioDannoGliStessiTratti) {
     auto uguali = [](const QList<Tratto>& a, const QList<Tratto>& b) {
         if (a.size() != b.size()) return false;
         for (qsizetype i = 0; i < a.size(); ++i)
@@ -165,9 +180,17 @@ TEST_F(Disegno, LaGrigliaDaGliStessiTratti) {
             if (passo % 7 == 0)
                 for (int k = 0; k < 6; ++k) BV_ZoomLeft(g);
             TelaRegistratore con, senza;
+            TelaAlRovescio rovescia, arresa;
+            arresa.rinuncia = true;
             BV_RidisegnaGrafica(g, con);
             BV_RidisegnaGrafica(g, senza, {.griglia = false});
+            BV_RidisegnaGrafica(g, rovescia);
+            BV_RidisegnaGrafica(g, arresa);
             ASSERT_TRUE(uguali(con.tratti, senza.tratti)) << "seme " << seme << " passo " << passo;
+            std::reverse(rovescia.tratti.begin(), rovescia.tratti.end());
+            ASSERT_TRUE(uguali(con.tratti, rovescia.tratti)) << seme << " " << passo;
+            ASSERT_TRUE(uguali(con.tratti, arresa.tratti)) << seme << " " << passo;
+            EXPECT_EQ(arresa.pulizie, 2);
             parziali += con.tratti.size() < tutti / 4;
         }
         ASSERT_TRUE(g.Griglia);

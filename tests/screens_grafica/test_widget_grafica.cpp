@@ -231,10 +231,11 @@ double Vicino(const QVector<bool>& a, const QVector<bool>& b, int w, int h) {
     return tot ? double(ok) / double(tot) : 1.0;
 }
 
-// The pixels the plot writes itself: culling and glyphs kept across redraws leave the picture
-// as the plain drawing of every record with fresh glyphs, pixel for pixel; and the strokes
-// fall where the painter of the printer puts them (rings, names, lines), on generated sheets
-// at several zooms, with turned toponyms and dashed lines among them.
+// The pixels the plot writes itself: culling, glyphs kept across redraws and strokes laid
+// from the last leave the picture as the plain drawing of every record in order with fresh
+// glyphs, pixel for pixel; and the strokes fall where the painter of the printer puts them
+// (rings, names, lines), on generated sheets at several zooms, with turned toponyms, thick
+// and dashed lines among them.
 TEST(DisegnoRiferimento, LImmagineDiretta) {
     PiattaformaFinta p;
     Stato s(p);
@@ -257,6 +258,7 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
             {
                 TelaImmagine tb(b);
                 tb.UsaMappaTinte(false);
+                tb.UsaRovescio(false);
                 BV_RidisegnaGrafica(g, tb, {.ritaglia = false});
             }
             ASSERT_EQ(a, b) << "seme " << seme << " passo " << passo;
@@ -278,26 +280,43 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
             BV_ZoomUP(g);
         }
     }
-    // A sheet seen whole on a small canvas, where the names cover every pixel many times and
-    // most glyphs fall on tiles already of their colour: passing them over changes nothing.
-    {
+    // A sheet seen whole on a small canvas, where the names cover every pixel many times: in
+    // order, most glyphs fall on tiles already of their colour and are passed over; from the
+    // last, most pixels are taken early. The same picture three ways; and a text only the
+    // painter can set makes the Tela give up its way, and the drawing start again in order.
+    for (bool segnato : {false, true}) {
         OpzioniEstratto o;
         o.vertici = 20000;
         VistaGrafica vista;
         ModelloGrafica g(&vista);
         CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
+        if (segnato)
+            BV_AggiungiPuntoGraf(g, QStringLiteral("ca\u0300%"), g.Punti[5].X, g.Punti[5].Y, 0, {},
+                                 4, 0, QStringLiteral("Courier New"), 9);
         QImage a(320, 200, QImage::Format_RGB32), b(320, 200, QImage::Format_RGB32);
-        {
-            TelaImmagine ta(a);
-            BV_RidisegnaGrafica(g, ta);
+        QImage c(320, 200, QImage::Format_RGB32);
+        for (QImage* im : {&a, &b, &c}) {
+            TelaImmagine t(*im);
+            t.UsaMappaTinte(im != &b);
+            t.UsaRovescio(im == &a);
+            BV_RidisegnaGrafica(g, t);
         }
-        {
-            TelaImmagine tb(b);
-            tb.UsaMappaTinte(false);
-            BV_RidisegnaGrafica(g, tb);
-        }
-        EXPECT_EQ(a, b);
+        EXPECT_EQ(a, b) << segnato;
+        EXPECT_EQ(a, c) << segnato;
         EXPECT_EQ(a.pixel(160, 100), qRgb(0, 0, 0)); // the middle of the sheet is all ink
+    }
+    {
+        QImage im(40, 20, QImage::Format_RGB32);
+        TelaImmagine t(im);
+        t.Pulisci();
+        t.Scala(0, 0, 40, 20);
+        ASSERT_TRUE(t.IniziaAlRovescio());
+        t.Testo(1, 1, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 30, 0);
+        t.Linea(0, 0, 40, 20, 3, 1, 12);
+        EXPECT_TRUE(t.FinisciAlRovescio());
+        ASSERT_TRUE(t.IniziaAlRovescio());
+        t.Testo(1, 1, QStringLiteral("ca\u0300"), QStringLiteral("Courier New"), 11, 0, 0);
+        EXPECT_FALSE(t.FinisciAlRovescio());
     }
     // A tile of one colour that another colour then touches is in doubt again: black drawn
     // over red on black tiles is drawn.
@@ -343,7 +362,7 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
 
 // Random tables on canvases of any size, at any zoom: extreme and odd numbers, long and odd
 // names, thick and dashed lines. The image Tela never writes outside its pixels (the ASan build
-// says so) and always finishes.
+// says so), always finishes, and draws from the last what it draws in order.
 TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
     std::mt19937 rng(20261124);
     auto caso = [&](int a, int b) { return std::uniform_int_distribution<int>(a, b)(rng); };
@@ -372,7 +391,16 @@ TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
         if (caso(0, 3) == 0) vista.Altezza = numero();
         if (caso(0, 5) == 0) vista.CentroX = numero();
         QImage im(caso(0, 300), caso(0, 200), QImage::Format_RGB32);
-        TelaImmagine t(im, caso(0, 4) ? 96 : numero(), &glifi);
+        const double dpi = caso(0, 4) ? 96 : numero();
+        TelaImmagine t(im, dpi, &glifi);
         BV_RidisegnaGrafica(g, t);
+        // Every tenth table also in order, with nothing left out: the same pixels.
+        if (giro % 10 == 0 && !im.isNull()) {
+            QImage avanti(im.size(), QImage::Format_RGB32);
+            TelaImmagine ta(avanti, dpi, &glifi);
+            ta.UsaRovescio(false);
+            BV_RidisegnaGrafica(g, ta, {.ritaglia = false});
+            EXPECT_EQ(im, avanti) << "giro " << giro;
+        }
     }
 }
