@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <climits>
 #include <bit>
 #include <cmath>
 #include <cstring>
@@ -262,6 +263,27 @@ inline void TelaImmagine::Scrivi(int x, int y, quint32 colore) {
     reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
 }
 
+bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
+    x0 = std::max(x0, 0);
+    y0 = std::max(y0, 0);
+    x1 = std::min(x1, w_ - 1);
+    y1 = std::min(y1, h_ - 1);
+    if (x0 > x1 || y0 > y1) return true; // nothing of it on the image
+    const int p0 = x0 >> 6, p1 = x1 >> 6;
+    const quint64 primo = ~quint64(0) << (x0 & 63);
+    const quint64 ultimo = ~quint64(0) >> (63 - (x1 & 63));
+    for (int y = y0; y <= y1; ++y) {
+        const quint64* r = presi_.data() + size_t(y) * size_t(parole_);
+        for (int p = p0; p <= p1; ++p) {
+            quint64 m = ~quint64(0);
+            if (p == p0) m &= primo;
+            if (p == p1) m &= ultimo;
+            if ((r[p] & m) != m) return false;
+        }
+    }
+    return true;
+}
+
 void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore) {
     const int r0 = std::max(0, -gy), r1 = std::min(g.altezza, h_ - gy);
     if (!g.righe.empty() && gx >= 0 && gx + g.larghezza <= w_) {
@@ -377,6 +399,9 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
         if (anello.empty()) anello.push_back({0, 0});
     }
     const quint32 k = Argb(colore);
+    if (rovescio_ && Presi(bx - raggio16_ / 16 - 2, by - raggio16_ / 16 - 2,
+                           bx + raggio16_ / 16 + 2, by + raggio16_ / 16 + 2))
+        return;
     for (const auto& [i, j] : anello) {
         const int px = bx + i, py = by + j;
         if (px >= 0 && px < w_ && py >= 0 && py < h_) Scrivi(px, py, k);
@@ -462,11 +487,20 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
     if (rovescio_) {
         // From the last glyph, as neighbours may overlap.
         posti_.clear();
+        int x0 = INT_MAX, y0 = INT_MAX, x1 = INT_MIN, y1 = INT_MIN;
         for (QChar ch : testo) {
             const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-            posti_.push_back({&g, Arrotonda(penna) + g.dx});
+            const int gx = Arrotonda(penna) + g.dx;
+            posti_.push_back({&g, gx});
             penna += g.avanzamento;
+            if (g.tratti.empty()) continue;
+            x0 = std::min(x0, gx);
+            x1 = std::max(x1, gx + g.larghezza - 1);
+            y0 = std::min(y0, base + g.dy);
+            y1 = std::max(y1, base + g.dy + g.altezza - 1);
         }
+        // A name wholly under later strokes costs one look at its box.
+        if (x0 > x1 || Presi(x0, y0, x1, y1)) return true;
         for (auto i = posti_.rbegin(); i != posti_.rend(); ++i) {
             const CacheGlifi::Glifo& g = *i->first;
             const int gx = i->second, gy = base + g.dy;
@@ -563,6 +597,7 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
         if (x1 < 0 || y1 < 0 || x0 > w_ || y0 > h_) continue;
         const int px0 = std::max(0, int(std::floor(x0))), px1 = std::min(w_ - 1, int(std::ceil(x1)));
         const int py0 = std::max(0, int(std::floor(y0))), py1 = std::min(h_ - 1, int(std::ceil(y1)));
+        if (rovescio_ && Presi(px0, py0, px1, py1)) continue;
         for (int py = py0; py <= py1; ++py)
             for (int px = px0; px <= px1; ++px) {
                 const double dx = px + 0.5 - c.x(), dy = py + 0.5 - c.y();

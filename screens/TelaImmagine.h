@@ -86,6 +86,8 @@ private:
     void Scrivi(int x, int y, quint32 colore);
     void LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, quint32 colore);
     void AnelloGrande(QPointF c, double r, quint32 colore);
+    // Every pixel of the box already taken (what lies off the image counts as taken).
+    bool Presi(int x0, int y0, int x1, int y1) const;
     // The glyph's rows at gx, gy from the last stroke: only the pixels not yet taken.
     void GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
