@@ -5,8 +5,8 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
-#include <climits>
 #include <bit>
+#include <climits>
 #include <cmath>
 #include <cstring>
 
@@ -102,7 +102,8 @@ const CacheGlifi::Glifo& CacheGlifi::GlifoDi(Faccia& f, char16_t c) {
             g.tratti.push_back(t);
         }
     }
-    g.opaco = std::all_of(g.copertura.begin(), g.copertura.end(), [](quint8 a) { return a == 255; });
+    g.opaco =
+        std::all_of(g.copertura.begin(), g.copertura.end(), [](quint8 a) { return a == 255; });
     if (g.opaco && g.larghezza <= 64) {
         g.righe.assign(size_t(g.altezza), 0);
         for (const Tratto& t : g.tratti)
@@ -346,6 +347,10 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
     const int yb = std::clamp(Arrotonda(b.y()), 0, h_ - 1);
     const int dx = xb - xa, dy = yb - ya;
     const int n = std::max(std::abs(dx), std::abs(dy));
+    // A short segment wholly under later strokes: one look at its box.
+    if (rovescio_ && std::abs(dy) < 32 &&
+        Presi(std::min(xa, xb), std::min(ya, yb), std::max(xa, xb), std::max(ya, yb)))
+        return;
     const quint32 c = Argb(colore);
     // The minor axis in 16.16 fixed point, from the middle of the first pixel.
     const qint64 px = n ? (qint64(dx) << 16) / n : 0, py = n ? (qint64(dy) << 16) / n : 0;
@@ -552,7 +557,8 @@ const std::vector<quint8>& CacheGlifi::Maschera(const Glifo& g) {
         g.maschera.assign(size_t(g.larghezza) * size_t(g.altezza), 0);
         for (const Tratto& t : g.tratti)
             for (int x = t.x0, k = t.primo; x < t.x1; ++x, ++k)
-                g.maschera[size_t(t.riga) * size_t(g.larghezza) + size_t(x)] = g.copertura[size_t(k)];
+                g.maschera[size_t(t.riga) * size_t(g.larghezza) + size_t(x)] =
+                    g.copertura[size_t(k)];
     }
     return g.maschera;
 }
@@ -586,8 +592,10 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
         const std::vector<quint8>& m = glifi_->Maschera(g);
         // The glyph's box turned onto the image.
         double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
-        for (const auto& [u, v] : {std::pair{u0, v0}, {u0 + g.larghezza, v0},
-                                   {u0, v0 + g.altezza}, {u0 + g.larghezza, v0 + g.altezza}}) {
+        for (const auto& [u, v] : {std::pair{u0, v0},
+                                   {u0 + g.larghezza, v0},
+                                   {u0, v0 + g.altezza},
+                                   {u0 + g.larghezza, v0 + g.altezza}}) {
             const double x = c.x() + u * co - v * si, y = c.y() + u * si + v * co;
             x0 = std::min(x0, x);
             x1 = std::max(x1, x);
@@ -595,8 +603,10 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
             y1 = std::max(y1, y);
         }
         if (x1 < 0 || y1 < 0 || x0 > w_ || y0 > h_) continue;
-        const int px0 = std::max(0, int(std::floor(x0))), px1 = std::min(w_ - 1, int(std::ceil(x1)));
-        const int py0 = std::max(0, int(std::floor(y0))), py1 = std::min(h_ - 1, int(std::ceil(y1)));
+        const int px0 = std::max(0, int(std::floor(x0))),
+                  px1 = std::min(w_ - 1, int(std::ceil(x1)));
+        const int py0 = std::max(0, int(std::floor(y0))),
+                  py1 = std::min(h_ - 1, int(std::ceil(y1)));
         if (rovescio_ && Presi(px0, py0, px1, py1)) continue;
         for (int py = py0; py <= py1; ++py)
             for (int px = px0; px <= px1; ++px) {
@@ -635,8 +645,7 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
     CacheGlifi::Faccia& f = *ultima_;
     const bool dritto = angolo == 0 || !std::isfinite(angolo);
     if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
-    if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore)))
-        return;
+    if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore))) return;
     if (rovescio_) {
         // The painter draws in order only.
         rinuncia_ = true;

@@ -35,8 +35,8 @@ public:
         std::vector<Tratto> tratti;
         std::vector<quint8> copertura;
         mutable std::vector<quint8> maschera; // the coverage in full rows, made when turned
-        bool opaco = true;           // every covered pixel wholly
-        std::vector<quint64> righe;  // opaque and at most 64 wide: each row's pixels as bits
+        bool opaco = true;                    // every covered pixel wholly
+        std::vector<quint64> righe; // opaque and at most 64 wide: each row's pixels as bits
     };
     struct Faccia {
         QFont font;

@@ -3,8 +3,8 @@
 #include "grafica.h"
 #include "registratore.h"
 
-#include <algorithm>
 #include "supporto.h"
+#include <algorithm>
 
 #include "testo.h"
 
