@@ -264,6 +264,41 @@ inline void TelaImmagine::Scrivi(int x, int y, quint32 colore) {
     reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
 }
 
+void TelaImmagine::TestoSotto(int base, int x0, int y0, int y1, quint32 colore) {
+    // The glyphs of one colour make one mask, row by row in words from x0's word: a glyph
+    // over its neighbour leaves the same pixels as the other way round. Each row of it is
+    // then laid against the pixels taken.
+    const int primaParola = x0 >> 6;
+    int larghe = 1;
+    for (const auto& [g, gx] : posti_)
+        if (!g->tratti.empty())
+            larghe = std::max(larghe, ((gx + g->larghezza - 1) >> 6) - primaParola + 1);
+    const int righe = y1 - y0 + 1;
+    unione_.assign(size_t(righe) * size_t(larghe), 0);
+    for (const auto& [g, gx] : posti_) {
+        if (g->tratti.empty()) continue;
+        const int b = gx - (primaParola << 6), parola = b >> 6, sp = b & 63;
+        quint64* u = unione_.data() + size_t(base + g->dy - y0) * size_t(larghe) + size_t(parola);
+        for (int r = 0; r < g->altezza; ++r, u += larghe) {
+            const quint64 m = g->righe[size_t(r)];
+            u[0] |= m << sp;
+            // What spills into the next word lies within the text's box, so within the row.
+            if (const quint64 alto = sp ? m >> (64 - sp) : 0) u[1] |= alto;
+        }
+    }
+    for (int y = std::max(y0, 0); y <= std::min(y1, h_ - 1); ++y) {
+        const quint64* u = unione_.data() + size_t(y - y0) * size_t(larghe);
+        quint64* p = presi_.data() + size_t(y) * size_t(parole_) + size_t(primaParola);
+        quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_) + (primaParola << 6);
+        for (int k = 0; k < larghe; ++k, d += 64) {
+            quint64 nuovi = u[k] & ~p[k];
+            if (!nuovi) continue;
+            p[k] |= nuovi;
+            for (; nuovi; nuovi &= nuovi - 1) d[std::countr_zero(nuovi)] = colore;
+        }
+    }
+}
+
 bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
     x0 = std::max(x0, 0);
     y0 = std::max(y0, 0);
@@ -490,15 +525,16 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
     double penna = c.x();
     const int base = Arrotonda(c.y() + f.ascesa);
     if (rovescio_) {
-        // From the last glyph, as neighbours may overlap.
         posti_.clear();
         int x0 = INT_MAX, y0 = INT_MAX, x1 = INT_MIN, y1 = INT_MIN;
+        bool righe = true;
         for (QChar ch : testo) {
             const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
             const int gx = Arrotonda(penna) + g.dx;
             posti_.push_back({&g, gx});
             penna += g.avanzamento;
             if (g.tratti.empty()) continue;
+            righe = righe && !g.righe.empty();
             x0 = std::min(x0, gx);
             x1 = std::max(x1, gx + g.larghezza - 1);
             y0 = std::min(y0, base + g.dy);
@@ -506,6 +542,11 @@ bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Fac
         }
         // A name wholly under later strokes costs one look at its box.
         if (x0 > x1 || Presi(x0, y0, x1, y1)) return true;
+        if (righe && x0 >= 0 && x1 < w_ && y1 - y0 < 4096) {
+            TestoSotto(base, x0, y0, y1, colore);
+            return true;
+        }
+        // Near the edges, a glyph at a time from the last, as neighbours may overlap.
         for (auto i = posti_.rbegin(); i != posti_.rend(); ++i) {
             const CacheGlifi::Glifo& g = *i->first;
             const int gx = i->second, gy = base + g.dy;

@@ -88,6 +88,9 @@ private:
     void AnelloGrande(QPointF c, double r, quint32 colore);
     // Every pixel of the box already taken (what lies off the image counts as taken).
     bool Presi(int x0, int y0, int x1, int y1) const;
+    // The glyphs in posti_, wholly within the image's width, from the last stroke.
+    void TestoSotto(int base, int x0, int y0, int y1, quint32 colore);
+    std::vector<quint64> unione_;
     // The glyph's rows at gx, gy from the last stroke: only the pixels not yet taken.
     void GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
