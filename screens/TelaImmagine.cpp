@@ -22,19 +22,19 @@ inline int Arrotonda(double v) {
     return int(std::floor(v + 0.5));
 }
 
+// Text the glyphs cannot carry: surrogates, marks and the scripts that join or turn.
+bool SoloSemplice(const QString& t) {
+    for (QChar c : t)
+        if (c.unicode() >= 0x0300 || c.unicode() < 0x20) return false;
+    return true;
+}
+
 quint32 Argb(int colore) {
     return 0xFF000000u | ColoreQB(colore);
 }
 
 Qt::PenStyle StilePenna(int stile) {
     return stile == 1 ? Qt::DashLine : stile == 2 ? Qt::DotLine : Qt::SolidLine;
-}
-
-// Text the glyphs cannot carry: surrogates, marks and the scripts that join or turn.
-bool SoloSemplice(const QString& t) {
-    for (QChar c : t)
-        if (c.unicode() >= 0x0300 || c.unicode() < 0x20) return false;
-    return true;
 }
 
 } // namespace
@@ -299,6 +299,17 @@ void TelaImmagine::TestoSotto(int base, int x0, int y0, int y1, quint32 colore) 
     }
 }
 
+CacheGlifi::Faccia& TelaImmagine::FacciaDi(const QString& font, int pixel) {
+    // Consecutive texts nearly always share the face: compare the text's data first.
+    if (!ultima_ || ultimoPixel_ != pixel ||
+        (ultimaFaccia_.constData() != font.constData() && ultimaFaccia_ != font)) {
+        ultima_ = &glifi_->Di(font, pixel);
+        ultimaFaccia_ = font;
+        ultimoPixel_ = pixel;
+    }
+    return *ultima_;
+}
+
 bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
     x0 = std::max(x0, 0);
     y0 = std::max(y0, 0);
@@ -477,8 +488,9 @@ void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, q
         limita(ux, py * uy, -meta, lung + meta);
         limita(-uy, py * ux, -meta, meta);
         if (!(xl <= xr)) continue;
-        const int i0 = std::max(0, int(std::ceil(xl + a.x() - 0.5)));
-        const int i1 = std::min(w_ - 1, int(std::floor(xr + a.x() - 0.5)));
+        // Bounded in floating point first: a nearly upright band gives huge ends.
+        const int i0 = int(std::max(0.0, std::ceil(xl + a.x() - 0.5)));
+        const int i1 = int(std::min(w_ - 1.0, std::floor(xr + a.x() - 0.5)));
         for (int x = i0; x <= i1; ++x) {
             if (stile == 1 || stile == 2) {
                 const double t = (x + 0.5 - a.x()) * ux + py * uy + meta;
@@ -649,12 +661,30 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
         const int py0 = std::max(0, int(std::floor(y0))),
                   py1 = std::min(h_ - 1, int(std::ceil(y1)));
         if (rovescio_ && Presi(px0, py0, px1, py1)) continue;
-        for (int py = py0; py <= py1; ++py)
-            for (int px = px0; px <= px1; ++px) {
-                const double dx = px + 0.5 - c.x(), dy = py + 0.5 - c.y();
-                const int mx = int(std::floor(co * dx + si * dy - u0));
-                const int my = int(std::floor(-si * dx + co * dy - v0));
-                if (mx < 0 || my < 0 || mx >= g.larghezza || my >= g.altezza) continue;
+        for (int py = py0; py <= py1; ++py) {
+            // On a row the glyph's coordinates are linear in x: only the run of x where both
+            // fall within the glyph is visited, a pixel more on each side for the rounding.
+            const double dy = py + 0.5 - c.y();
+            const double a = si * dy - u0 + co * (0.5 - c.x()); // u = co * px + a
+            const double b = co * dy - v0 - si * (0.5 - c.x()); // v = -si * px + b
+            double lo = px0, hi = px1;
+            auto limita = [&](double coeff, double costante, double massimo) {
+                if (std::abs(coeff) < 1e-12) {
+                    if (costante < 0 || costante >= massimo) hi = lo - 1;
+                    return;
+                }
+                double e1 = -costante / coeff, e2 = (massimo - costante) / coeff;
+                if (e1 > e2) std::swap(e1, e2);
+                lo = std::max(lo, std::floor(e1) - 1);
+                hi = std::min(hi, std::ceil(e2) + 1);
+            };
+            limita(co, a, g.larghezza);
+            limita(-si, b, g.altezza);
+            if (!(lo <= hi)) continue; // both then lie within px0 to px1
+            for (int px = int(lo); px <= int(hi); ++px) {
+                const double u = co * px + a, v = -si * px + b;
+                if (!(u >= 0 && v >= 0 && u < g.larghezza && v < g.altezza)) continue;
+                const int mx = int(u), my = int(v);
                 if (const int k = m[size_t(my) * size_t(g.larghezza) + size_t(mx)]) {
                     if (k >= 255) {
                         Scrivi(px, py, colore);
@@ -665,6 +695,7 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
                     }
                 }
             }
+        }
     }
     return true;
 }
@@ -676,14 +707,7 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
         std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite || testo.isEmpty())
         return;
     const int pixel = std::clamp(int(std::lround(std::abs(altezzaPixel))), 1, 2000);
-    // Consecutive texts nearly always share the face: compare the text's data first.
-    if (!ultima_ || ultimoPixel_ != pixel ||
-        (ultimaFaccia_.constData() != font.constData() && ultimaFaccia_ != font)) {
-        ultima_ = &glifi_->Di(font, pixel);
-        ultimaFaccia_ = font;
-        ultimoPixel_ = pixel;
-    }
-    CacheGlifi::Faccia& f = *ultima_;
+    CacheGlifi::Faccia& f = FacciaDi(font, pixel);
     const bool dritto = angolo == 0 || !std::isfinite(angolo);
     if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
     if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore))) return;

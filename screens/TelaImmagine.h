@@ -81,6 +81,7 @@ public:
 
 private:
     QPainter& Pittore();
+    CacheGlifi::Faccia& FacciaDi(const QString& font, int pixel);
     void Pixel(int x, int y, quint32 colore);
     // A pixel wholly covered, in either order.
     void Scrivi(int x, int y, quint32 colore);

@@ -313,6 +313,10 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
         ASSERT_TRUE(t.IniziaAlRovescio());
         t.Testo(1, 1, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 30, 0);
         t.Linea(0, 0, 40, 20, 3, 1, 12);
+        // Upright turns and bands, whose rows have ends far off the image.
+        t.Testo(20, 10, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 90, 0);
+        t.Testo(20, 10, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 270, 0);
+        t.Linea(10, 0, 10 + 1e-13, 20, 3, 0, 12);
         EXPECT_TRUE(t.FinisciAlRovescio());
         ASSERT_TRUE(t.IniziaAlRovescio());
         t.Testo(1, 1, QStringLiteral("ca\u0300"), QStringLiteral("Courier New"), 11, 0, 0);
