@@ -9,6 +9,7 @@
 #include <climits>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 namespace tavolet {
 
@@ -273,12 +274,20 @@ void TelaImmagine::TestoSotto(int base, int x0, int y0, int y1, quint32 colore) 
     for (const auto& [g, gx] : posti_)
         if (!g->tratti.empty())
             larghe = std::max(larghe, ((gx + g->larghezza - 1) >> 6) - primaParola + 1);
-    const int righe = y1 - y0 + 1;
-    unione_.assign(size_t(righe) * size_t(larghe), 0);
+    const size_t parole = size_t(y1 - y0 + 1) * size_t(larghe);
+    // A name's mask fits on the stack; a long text's goes to the heap.
+    quint64 locale[256];
+    quint64* unione = locale;
+    if (parole > std::size(locale)) {
+        unione_.assign(parole, 0);
+        unione = unione_.data();
+    } else {
+        std::fill_n(locale, parole, 0);
+    }
     for (const auto& [g, gx] : posti_) {
         if (g->tratti.empty()) continue;
         const int b = gx - (primaParola << 6), parola = b >> 6, sp = b & 63;
-        quint64* u = unione_.data() + size_t(base + g->dy - y0) * size_t(larghe) + size_t(parola);
+        quint64* u = unione + size_t(base + g->dy - y0) * size_t(larghe) + size_t(parola);
         for (int r = 0; r < g->altezza; ++r, u += larghe) {
             const quint64 m = g->righe[size_t(r)];
             u[0] |= m << sp;
@@ -287,7 +296,7 @@ void TelaImmagine::TestoSotto(int base, int x0, int y0, int y1, quint32 colore) 
         }
     }
     for (int y = std::max(y0, 0); y <= std::min(y1, h_ - 1); ++y) {
-        const quint64* u = unione_.data() + size_t(y - y0) * size_t(larghe);
+        const quint64* u = unione + size_t(y - y0) * size_t(larghe);
         quint64* p = presi_.data() + size_t(y) * size_t(parole_) + size_t(primaParola);
         quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_) + (primaParola << 6);
         for (int k = 0; k < larghe; ++k, d += 64) {
@@ -319,6 +328,14 @@ bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
     const int p0 = x0 >> 6, p1 = x1 >> 6;
     const quint64 primo = ~quint64(0) << (x0 & 63);
     const quint64 ultimo = ~quint64(0) >> (63 - (x1 & 63));
+    if (p0 == p1) {
+        // Most boxes lie within one word of a row.
+        const quint64 m = primo & ultimo;
+        const quint64* r = presi_.data() + size_t(y0) * size_t(parole_) + size_t(p0);
+        for (int y = y0; y <= y1; ++y, r += parole_)
+            if ((*r & m) != m) return false;
+        return true;
+    }
     for (int y = y0; y <= y1; ++y) {
         const quint64* r = presi_.data() + size_t(y) * size_t(parole_);
         for (int p = p0; p <= p1; ++p) {
