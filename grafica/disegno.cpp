@@ -67,7 +67,8 @@ struct TipiPunti {
     quint64 versione = 0;
     const void* punti = nullptr;
     qsizetype nPunti = 0;
-    enum : quint8 { kNumerato, kToponimo, kEtichetta };
+    // Bits: a name starting with a blank and ending in "T" is a label and a toponym both.
+    enum : quint8 { kNumerato = 0, kToponimo = 1, kEtichetta = 2 };
     std::vector<quint8> tipo;
 };
 
@@ -82,9 +83,8 @@ const TipiPunti& Tipi(ModelloGrafica& g) {
         t->nPunti = g.Punti.size();
         t->tipo.reserve(size_t(g.Punti.size()));
         for (const PuntoGrafica& p : g.Punti)
-            t->tipo.push_back(Toponimo(p.Nome)    ? TipiPunti::kToponimo
-                              : Etichetta(p.Nome) ? TipiPunti::kEtichetta
-                                                  : TipiPunti::kNumerato);
+            t->tipo.push_back(quint8((Toponimo(p.Nome) ? TipiPunti::kToponimo : 0) |
+                                     (Etichetta(p.Nome) ? TipiPunti::kEtichetta : 0)));
         g.Tipi = std::move(t);
     }
     return *g.Tipi;
@@ -304,7 +304,8 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     };
     auto testi = [&](quint8 quale, bool toponimi) {
         perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& p, qsizetype i) {
-            if (tipo[size_t(i)] != quale) return;
+            if (quale ? !(tipo[size_t(i)] & quale) : tipo[size_t(i)] != TipiPunti::kNumerato)
+                return;
             const QString& t = toponimi ? p.Testo : p.Nome;
             if (fuori(p, t)) return;
             tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo,

@@ -84,6 +84,17 @@ TEST_F(Disegno, IMarcatoriSoloDentroIlRiquadroStretto) {
     EXPECT_EQ(cerchi[0].colore, 5);
     EXPECT_EQ(cerchi[1].colore, 6);
     EXPECT_EQ(tela.DiTipo("testo").size(), 4); // the names are still printed
+
+    // A name starting with a blank and ending in "T" is a toponym and a parcel label: two
+    // texts, no marker.
+    BV_AggiungiPuntoGraf(g, " 9T", 5, 5, 0, "VIA", 3, 0, "Courier New", 8);
+    TelaRegistratore seconda;
+    BV_RidisegnaGrafica(g, seconda);
+    const QList<Tratto> testi = seconda.DiTipo("testo");
+    EXPECT_EQ(seconda.DiTipo("cerchio").size(), 2);
+    ASSERT_EQ(testi.size(), 6);
+    EXPECT_EQ(testi[0].testo, "VIA");
+    EXPECT_EQ(testi.last().testo, " 9T");
 }
 
 TEST_F(Disegno, UnaTelaSenzaMisuraODatiAssurdiNonDisegnanoNulla) {
