@@ -249,6 +249,9 @@ bool TelaImmagine::IniziaAlRovescio() {
 bool TelaImmagine::FinisciAlRovescio() {
     if (!rovescio_) return true;
     rovescio_ = false;
+    // The tiles' colours were not followed meanwhile: none is known for strokes in order.
+    ++epoca_;
+    ultimaTessera_ = -1;
     presi_ = {};
     return !rinuncia_;
 }
