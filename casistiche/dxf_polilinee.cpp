@@ -67,7 +67,7 @@ ListaDaDxf ListaDaPoliLineeDxf(const QByteArray& byte) {
             }
             lista += CRLF + rigaLayer + CRLF;
         }
-        if (codice == 70 && sottoLw) flagChiusa = int(Val(valore));
+        if (codice == 70 && sottoLw) flagChiusa = ValIntero(valore);
         if (codice == 8 && entitaAttiva && inEntita && tipoEntita == u"POLYLINE") {
             const QString riga = RigaDelLayer(valore);
             if (!riga.isEmpty()) {

@@ -129,7 +129,7 @@ QString AggiornaTestoEstratto(const QString& testoEstratto, const QString& nuova
     const QString stessa = nuova.value(0) + u'|' + nuova.value(1) + u'|' + nuova.value(2) + u'|';
     QString teste, particelle, altre, inquadramento;
     for (const QString& riga : righe) {
-        const int tipo = int(Val(riga));
+        const int tipo = ValIntero(riga);
         if (tipo == 0 || tipo == 7 || tipo == 8 || riga.startsWith(QStringLiteral("6|DITTA|"))) {
             teste += riga + CRLF;
         } else if (riga.startsWith(QStringLiteral("6|PARTICELLA|"))) {

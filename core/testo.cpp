@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace tavolet {
 
@@ -221,6 +222,14 @@ void SplitVista(QStringView s, QChar separatore, std::vector<QStringView>& pezzi
 
 double Val(QStringView testo) {
     return Val(QString::fromRawData(testo.data(), testo.size()));
+}
+
+int ValIntero(QStringView testo) {
+    const double v = Val(testo);
+    if (!(v == v)) return 0;
+    if (v >= 2147483647.0) return std::numeric_limits<int>::max();
+    if (v <= -2147483648.0) return std::numeric_limits<int>::min();
+    return int(v);
 }
 
 QString Join(const QStringList& pezzi, const QString& separatore) {

@@ -18,6 +18,9 @@ inline const QString CRLF = QStringLiteral("\r\n");
 double Val(const QString& testo);
 // The same on a piece of a longer text, read in place.
 double Val(QStringView testo);
+// Val truncated to a whole number, as a row's kind or a width is read: a number beyond the
+// range of int gives the nearest end of it, and no number 0.
+int ValIntero(QStringView testo);
 
 // Picture formatting: '#' optional digit, '0' forced digit, '.' the decimal point (always a
 // point). Rounds half away from zero on the decimal value. Other characters are copied.

@@ -99,7 +99,7 @@ void LeggiOpzioni(const QString& testo, OpzioniLibretto& o) {
         else if (chiave == u"LIBRETTO_AUTOMATICO_RIORDINO_FITTIZIO")
             o.RiordinoFittizio = uno;
         else if (chiave == u"LIBRETTO_AUTOMATICO_PRECISIONE_ANGOLARE") {
-            const int i = int(Val(valore));
+            const int i = ValIntero(valore);
             if (i >= 0 && i < PrecisioniAngolari().size()) o.PrecisioneAngolare = i;
         }
     }

@@ -184,7 +184,7 @@ QString TestoColonne(const QStringList& intestazioni, const QList<QStringList>& 
     auto linea = [&](const QStringList& celle) {
         QStringList pezzi;
         for (int i = 0; i < w.size(); ++i)
-            pezzi << Left(celle.value(i) + Space(70), std::max(0, int(Val(w[i]))));
+            pezzi << Left(celle.value(i) + Space(70), std::max(0, ValIntero(w[i])));
         return Join(pezzi, QStringLiteral(" "));
     };
     QString testo = linea(intestazioni) + CRLF;

@@ -92,7 +92,7 @@ void CaricaRigheEstratto(Stato& stato, ModelloGrafica& g, const QStringList& rig
     BV_Clear(g);
     const VistaGrafica& v = *g.Vista;
     for (QString riga : righe) {
-        const int tipo = int(Val(riga));
+        const int tipo = ValIntero(riga);
         if (tipo == 8 && v.PFNo && riga.contains(QStringLiteral("|PF"))) riga.clear();
         if (tipo == 8 && v.ToponimiNo && riga.contains(QStringLiteral("T|"))) riga.clear();
         if (tipo == 7) {
@@ -299,7 +299,7 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
         g.Punti.reserve(g.Punti.size() + lista.size());
         std::vector<QStringView> c;
         for (const QString& riga : lista) {
-            if (!riga.startsWith(QLatin1String("8|")) && int(Val(riga)) != 8) continue;
+            if (!riga.startsWith(QLatin1String("8|")) && ValIntero(riga) != 8) continue;
             CampiVista(riga, c, false);
             const QString id = CampoVista(c, 1).toString();
             const Stile st = StileDelSuffisso(id.isEmpty() ? QChar() : id.back());

@@ -32,6 +32,12 @@ TEST(Testo, ValLeggeDaSinistraComeIlBasic) {
     EXPECT_DOUBLE_EQ(Val("0." + QString(500, '0') + "1"), 0);
     EXPECT_DOUBLE_EQ(Val("-0.25"), -0.25);
     EXPECT_THROW(Val(QString(400, '9')), Errore);
+    // Whole: truncated, and held at the ends of int.
+    EXPECT_EQ(ValIntero(u"8|PF"), 8);
+    EXPECT_EQ(ValIntero(u"-3.7|"), -3);
+    EXPECT_EQ(ValIntero(u"4449090000|8|"), 2147483647);
+    EXPECT_EQ(ValIntero(u"-9E99"), -2147483647 - 1);
+    EXPECT_EQ(ValIntero(u""), 0);
 }
 
 TEST(Testo, FormatoConFigura) {
