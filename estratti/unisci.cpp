@@ -197,7 +197,9 @@ QStringList SostituisciOgniCampo(const QStringList& anelli,
     for (qsizetype i = coppie.size() - 1; i >= 0; --i) {
         const auto& [vecchio, nuovo] = coppie[i];
         const auto it = finale.constFind(nuovo);
-        finale.insert(vecchio, it == finale.constEnd() ? nuovo : it.value());
+        // A copy: the insertion may move the hash's nodes, and the value with them.
+        const QString valore = it == finale.constEnd() ? nuovo : it.value();
+        finale.insert(vecchio, valore);
     }
     QStringList uscita;
     uscita.reserve(anelli.size());
