@@ -41,13 +41,18 @@ inline bool Etichetta(const QString& n) {
 
 // Where the records lie, in square cells of about four points each: a view of a part of a
 // large sheet visits the records of the cells it reaches instead of the whole tables.
-struct GrigliaGrafica {
-    // What it was made from.
+// What a record kept beside the tables was made from: it holds while this is the same.
+struct ImprontaTabelle {
     quint64 versione = 0;
     const void* punti = nullptr;
     qsizetype nPunti = 0;
     const void* linee = nullptr;
     qsizetype nLinee = 0;
+    bool operator==(const ImprontaTabelle&) const = default;
+};
+
+struct GrigliaGrafica {
+    ImprontaTabelle impronta;
 
     double x0 = 0, y0 = 0, lato = 1;
     int nx = 1, ny = 1;
@@ -64,9 +69,7 @@ struct GrigliaGrafica {
 };
 
 struct TipiPunti {
-    quint64 versione = 0;
-    const void* punti = nullptr;
-    qsizetype nPunti = 0;
+    ImprontaTabelle impronta;
     // Bits: a name starting with a blank and ending in "T" is a label and a toponym both.
     enum : quint8 { kNumerato = 0, kToponimo = 1, kEtichetta = 2 };
     std::vector<quint8> tipo;
@@ -74,13 +77,14 @@ struct TipiPunti {
 
 namespace {
 
+ImprontaTabelle Impronta(const ModelloGrafica& g) {
+    return {g.Versione, g.Punti.constData(), g.Punti.size(), g.Linee.constData(), g.Linee.size()};
+}
+
 const TipiPunti& Tipi(ModelloGrafica& g) {
-    if (!g.Tipi || g.Tipi->versione != g.Versione || g.Tipi->punti != g.Punti.constData() ||
-        g.Tipi->nPunti != g.Punti.size()) {
+    if (!g.Tipi || !(g.Tipi->impronta == Impronta(g))) {
         auto t = std::make_shared<TipiPunti>();
-        t->versione = g.Versione;
-        t->punti = g.Punti.constData();
-        t->nPunti = g.Punti.size();
+        t->impronta = Impronta(g);
         t->tipo.reserve(size_t(g.Punti.size()));
         for (const PuntoGrafica& p : g.Punti)
             t->tipo.push_back(quint8((Toponimo(p.Nome) ? TipiPunti::kToponimo : 0) |
@@ -93,11 +97,7 @@ const TipiPunti& Tipi(ModelloGrafica& g) {
 std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
     auto r = std::make_shared<GrigliaGrafica>();
     GrigliaGrafica& q = *r;
-    q.versione = g.Versione;
-    q.punti = g.Punti.constData();
-    q.nPunti = g.Punti.size();
-    q.linee = g.Linee.constData();
-    q.nLinee = g.Linee.size();
+    q.impronta = Impronta(g);
     double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
     auto allarga = [&](double x, double y) {
         if (!Finito(x, y)) return;
@@ -190,10 +190,7 @@ bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1
     const double sx = std::min(qx1, v.XMax) - std::max(qx0, v.XMin);
     const double sy = std::min(qy1, v.YMax) - std::max(qy0, v.YMin);
     if (std::isfinite(area) && area > 0 && sx > 0 && sy > 0 && sx * sy * 4 > area) return false;
-    if (!g.Griglia || g.Griglia->versione != g.Versione ||
-        g.Griglia->punti != g.Punti.constData() || g.Griglia->nPunti != g.Punti.size() ||
-        g.Griglia->linee != g.Linee.constData() || g.Griglia->nLinee != g.Linee.size())
-        g.Griglia = FaiGriglia(g);
+    if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g);
     const GrigliaGrafica& q = *g.Griglia;
     const double m = std::max(
         {margineTesti * q.portataTesti, margineLinee * (q.spessoreMassimo + 4), margineSegni});

@@ -30,6 +30,19 @@ bool SoloSemplice(const QString& t) {
     return true;
 }
 
+// Narrows [da, a] to the X where lo <= coeff * X + costante <= hi: the run of a row that a band
+// or a turned glyph covers, its coordinates being linear in X along the row.
+void Restringi(double coeff, double costante, double lo, double hi, double& da, double& a) {
+    if (std::abs(coeff) < 1e-12) {
+        if (costante < lo || costante > hi) a = -HUGE_VAL;
+        return;
+    }
+    double e1 = (lo - costante) / coeff, e2 = (hi - costante) / coeff;
+    if (e1 > e2) std::swap(e1, e2);
+    da = std::max(da, e1);
+    a = std::min(a, e2);
+}
+
 quint32 Argb(int colore) {
     return 0xFF000000u | ColoreQB(colore);
 }
@@ -352,27 +365,8 @@ bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
 }
 
 void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore) {
-    const int r0 = std::max(0, -gy), r1 = std::min(g.altezza, h_ - gy);
-    if (!g.righe.empty() && gx >= 0 && gx + g.larghezza <= w_) {
-        // A row at a time: the glyph's bits against those taken, in one or two words.
-        const int parola = gx >> 6, s = gx & 63;
-        for (int r = r0; r < r1; ++r) {
-            const quint64 m = g.righe[size_t(r)];
-            if (!m) continue;
-            const int y = gy + r;
-            quint64* p = presi_.data() + size_t(y) * size_t(parole_) + size_t(parola);
-            quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_) + (parola << 6);
-            quint64 nuovi = (m << s) & ~p[0];
-            p[0] |= nuovi;
-            for (; nuovi; nuovi &= nuovi - 1) d[std::countr_zero(nuovi)] = colore;
-            if (s && (m >> (64 - s))) {
-                nuovi = (m >> (64 - s)) & ~p[1];
-                p[1] |= nuovi;
-                for (; nuovi; nuovi &= nuovi - 1) d[64 + std::countr_zero(nuovi)] = colore;
-            }
-        }
-        return;
-    }
+    // A glyph across an edge of the image: a pixel at a time. Only whole coverage can be laid
+    // underneath.
     if (!g.opaco) {
         rinuncia_ = true;
         return;
@@ -493,20 +487,10 @@ void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, q
     // [-meta, meta], with n = (-uy, ux). On a row both are linear in x.
     for (int y = y0; y <= y1; ++y) {
         const double py = y + 0.5 - a.y();
+        // X = x + 0.5 - a.x()
         double xl = -HUGE_VAL, xr = HUGE_VAL;
-        auto limita = [&](double coeff, double costante, double lo, double hi) {
-            // lo <= coeff * X + costante <= hi, with X = x + 0.5 - a.x()
-            if (std::abs(coeff) < 1e-12) {
-                if (costante < lo || costante > hi) xr = -HUGE_VAL;
-                return;
-            }
-            double e1 = (lo - costante) / coeff, e2 = (hi - costante) / coeff;
-            if (e1 > e2) std::swap(e1, e2);
-            xl = std::max(xl, e1);
-            xr = std::min(xr, e2);
-        };
-        limita(ux, py * uy, -meta, lung + meta);
-        limita(-uy, py * ux, -meta, meta);
+        Restringi(ux, py * uy, -meta, lung + meta, xl, xr);
+        Restringi(-uy, py * ux, -meta, meta, xl, xr);
         if (!(xl <= xr)) continue;
         // Bounded in floating point first: a nearly upright band gives huge ends.
         const int i0 = int(std::max(0.0, std::ceil(xl + a.x() - 0.5)));
@@ -644,19 +628,17 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
     ultimaTessera_ = -1;
     const double a = -angolo * M_PI / 180, co = std::cos(a), si = std::sin(a);
     double penna = 0;
-    posti_.clear();
-    std::vector<double> penne;
+    std::vector<std::pair<const CacheGlifi::Glifo*, double>> glifi; // and the pen before each
     for (QChar ch : testo) {
         const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-        posti_.push_back({&g, 0});
-        penne.push_back(penna);
+        glifi.push_back({&g, penna});
         penna += g.avanzamento;
     }
-    for (size_t n = 0; n < posti_.size(); ++n) {
+    for (size_t n = 0; n < glifi.size(); ++n) {
         // From the last glyph when the strokes come from the last.
-        const size_t i = rovescio_ ? posti_.size() - 1 - n : n;
-        const CacheGlifi::Glifo& g = *posti_[i].first;
-        const double u0 = penne[i] + g.dx, v0 = f.ascesa + g.dy;
+        const size_t i = rovescio_ ? glifi.size() - 1 - n : n;
+        const CacheGlifi::Glifo& g = *glifi[i].first;
+        const double u0 = glifi[i].second + g.dx, v0 = f.ascesa + g.dy;
         if (g.tratti.empty()) continue;
         if (rovescio_ && !g.opaco) {
             rinuncia_ = true;
@@ -687,19 +669,11 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
             const double dy = py + 0.5 - c.y();
             const double a = si * dy - u0 + co * (0.5 - c.x()); // u = co * px + a
             const double b = co * dy - v0 - si * (0.5 - c.x()); // v = -si * px + b
-            double lo = px0, hi = px1;
-            auto limita = [&](double coeff, double costante, double massimo) {
-                if (std::abs(coeff) < 1e-12) {
-                    if (costante < 0 || costante >= massimo) hi = lo - 1;
-                    return;
-                }
-                double e1 = -costante / coeff, e2 = (massimo - costante) / coeff;
-                if (e1 > e2) std::swap(e1, e2);
-                lo = std::max(lo, std::floor(e1) - 1);
-                hi = std::min(hi, std::ceil(e2) + 1);
-            };
-            limita(co, a, g.larghezza);
-            limita(-si, b, g.altezza);
+            double lo = -HUGE_VAL, hi = HUGE_VAL;
+            Restringi(co, a, 0, g.larghezza, lo, hi);
+            Restringi(-si, b, 0, g.altezza, lo, hi);
+            lo = std::max(double(px0), std::floor(lo) - 1);
+            hi = std::min(double(px1), std::ceil(hi) + 1);
             if (!(lo <= hi)) continue; // both then lie within px0 to px1
             for (int px = int(lo); px <= int(hi); ++px) {
                 const double u = co * px + a, v = -si * px + b;

@@ -92,7 +92,7 @@ private:
     // The glyphs in posti_, wholly within the image's width, from the last stroke.
     void TestoSotto(int base, int x0, int y0, int y1, quint32 colore);
     std::vector<quint64> unione_;
-    // The glyph's rows at gx, gy from the last stroke: only the pixels not yet taken.
+    // The glyph at gx, gy from the last stroke, where the text crosses an edge of the image.
     void GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore);
     bool TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f, quint32 colore);
     bool TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Faccia& f, double angolo,
