@@ -2,6 +2,10 @@
 #include "grafica.h"
 
 #include <algorithm>
+#include <atomic>
+#include <bit>
+
+#include <climits>
 #include <cmath>
 #include <vector>
 
@@ -68,11 +72,20 @@ struct GrigliaGrafica {
     }
 };
 
-struct TipiPunti {
+struct SchedePunti {
     ImprontaTabelle impronta;
     // Bits: a name starting with a blank and ending in "T" is a label and a toponym both.
     enum : quint8 { kNumerato = 0, kToponimo = 1, kEtichetta = 2 };
     std::vector<quint8> tipo;
+    struct Scheda {
+        double x, y, dimensione, angolo;
+        qint32 lunghezzaNome, lunghezzaTesto; // a text of more than 2^31 characters is not made
+        qint16 colore;
+    };
+    std::vector<Scheda> schede;
+    // Names the names and the texts of these records to the Tela: never the same for two
+    // versions of any tables in the program.
+    quint64 serieNomi = 0, serieTesti = 0;
 };
 
 namespace {
@@ -81,17 +94,26 @@ ImprontaTabelle Impronta(const ModelloGrafica& g) {
     return {g.Versione, g.Punti.constData(), g.Punti.size(), g.Linee.constData(), g.Linee.size()};
 }
 
-const TipiPunti& Tipi(ModelloGrafica& g) {
-    if (!g.Tipi || !(g.Tipi->impronta == Impronta(g))) {
-        auto t = std::make_shared<TipiPunti>();
+const SchedePunti& Schede(ModelloGrafica& g, bool& nuove) {
+    nuove = !g.Schede || !(g.Schede->impronta == Impronta(g));
+    if (nuove) {
+        static std::atomic<quint64> serie{0};
+        auto t = std::make_shared<SchedePunti>();
         t->impronta = Impronta(g);
+        t->serieNomi = serie.fetch_add(2) + 2;
+        t->serieTesti = t->serieNomi + 1;
         t->tipo.reserve(size_t(g.Punti.size()));
-        for (const PuntoGrafica& p : g.Punti)
-            t->tipo.push_back(quint8((Toponimo(p.Nome) ? TipiPunti::kToponimo : 0) |
-                                     (Etichetta(p.Nome) ? TipiPunti::kEtichetta : 0)));
-        g.Tipi = std::move(t);
+        t->schede.reserve(size_t(g.Punti.size()));
+        for (const PuntoGrafica& p : g.Punti) {
+            t->tipo.push_back(quint8((Toponimo(p.Nome) ? SchedePunti::kToponimo : 0) |
+                                     (Etichetta(p.Nome) ? SchedePunti::kEtichetta : 0)));
+            t->schede.push_back({p.X, p.Y, p.Dimensione, p.Angolo,
+                                 qint32(std::min<qsizetype>(p.Nome.size(), INT_MAX)),
+                                 qint32(std::min<qsizetype>(p.Testo.size(), INT_MAX)), p.Colore});
+        }
+        g.Schede = std::move(t);
     }
-    return *g.Tipi;
+    return *g.Schede;
 }
 
 std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
@@ -217,6 +239,73 @@ bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1
     return true;
 }
 
+// From the last, once the texts are laid: the records of the cells that the Tela has not wholly
+// taken, within margineMondo and marginePixel of the cell, as a bit per record. A marker of a
+// cell wholly taken changes nothing, nor does a line whose every cell is.
+void Scoperti(const GrigliaGrafica& q, const Tela::Coperture& mappa, double cx, double cy,
+              double margineMondo, double marginePixel, qsizetype nPunti, qsizetype nLinee,
+              std::vector<quint64>& punti, std::vector<quint64>& linee) {
+    punti.assign(size_t(nPunti + 63) / 64, 0);
+    linee.assign(size_t(nLinee + 63) / 64, 0);
+    auto metti = [](std::vector<quint64>& v, int i) {
+        v[size_t(i) >> 6] |= quint64(1) << (i & 63);
+    };
+    // The tiles not set, summed over every rectangle from the first: a cell's count is then
+    // four lookups.
+    const int tc = mappa.colonne, tr = mappa.righe;
+    std::vector<int> somme(size_t(tc + 1) * size_t(tr + 1), 0);
+    auto S = [&](int x, int y) -> int& { return somme[size_t(y) * size_t(tc + 1) + size_t(x)]; };
+    for (int y = 0; y < tr; ++y)
+        for (int x = 0; x < tc; ++x)
+            S(x + 1, y + 1) = S(x, y + 1) + S(x + 1, y) - S(x, y) +
+                              !mappa.piene[size_t(y) * size_t(tc) + size_t(x)];
+    // Each column and each row of cells as a run of tiles (empty: off the surface), widened by
+    // the margins and by a hundredth of a cell for the rounding of the cells' arithmetic.
+    const double m = margineMondo + q.lato / 100;
+    const int passo = std::countr_zero(unsigned(mappa.lato));
+    auto tessere = [&](double da, double a, double s, double o, int n, std::vector<int>& v) {
+        double p0 = (da - m) * s + o, p1 = (a + m) * s + o;
+        if (p0 > p1) std::swap(p0, p1);
+        p0 -= marginePixel;
+        p1 += marginePixel;
+        const double lim = double(n) * mappa.lato;
+        if (!(p0 <= p1) || p1 < 0 || p0 >= lim) {
+            // Off the surface (or not a number: then never taken as covered).
+            const bool nulla = p0 <= p1;
+            v.push_back(nulla ? 1 : 0);
+            v.push_back(nulla ? 0 : n - 1);
+            return;
+        }
+        v.push_back(int(std::max(p0, 0.0)) >> passo);
+        v.push_back(int(std::min(p1, lim - 1)) >> passo);
+    };
+    std::vector<int> colonne, righe;
+    for (int i = 0; i < q.nx; ++i) {
+        const double x0 = q.x0 + i * q.lato - cx;
+        tessere(x0, x0 + q.lato, mappa.sx, mappa.ox, tc, colonne);
+    }
+    for (int j = 0; j < q.ny; ++j) {
+        const double y0 = q.y0 + j * q.lato - cy;
+        tessere(y0, y0 + q.lato, mappa.sy, mappa.oy, tr, righe);
+    }
+    for (int j = 0; j < q.ny; ++j) {
+        const int ty0 = righe[size_t(2 * j)], ty1 = righe[size_t(2 * j + 1)];
+        for (int i = 0; i < q.nx; ++i) {
+            const size_t c = size_t(j) * size_t(q.nx) + size_t(i);
+            const int p0 = q.inizioPunti[c], p1 = q.inizioPunti[c + 1];
+            const int l0 = q.inizioLinee[c], l1 = q.inizioLinee[c + 1];
+            if (p0 == p1 && l0 == l1) continue;
+            const int tx0 = colonne[size_t(2 * i)], tx1 = colonne[size_t(2 * i + 1)];
+            if (tx0 > tx1 || ty0 > ty1) continue; // wholly off the surface
+            if (S(tx1 + 1, ty1 + 1) - S(tx0, ty1 + 1) - S(tx1 + 1, ty0) + S(tx0, ty0) == 0)
+                continue;
+            for (int k = p0; k < p1; ++k) metti(punti, q.punti_[size_t(k)]);
+            for (int k = l0; k < l1; ++k) metti(linee, q.linee_[size_t(k)]);
+        }
+    }
+    for (int k : q.lineeGrandi) metti(linee, k);
+}
+
 } // namespace
 
 void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) {
@@ -252,6 +341,21 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     // Strokes in their order, or from the last to a Tela that lays them underneath: then each
     // pass runs backwards and the passes come in the reverse order.
     bool rovescio = false;
+    // From the last, where the Tela is already wholly taken, a marker or a line changes
+    // nothing: the map of that is made before the markers' pass.
+    Tela::Coperture coperture;
+    bool copertura = false;
+    // Then only the markers and the lines of the cells not wholly taken are visited: a bit per
+    // record, walked from the last.
+    std::vector<quint64> scopertiPunti, scopertiLinee;
+    bool scoperti = false;
+    auto perOgniScoperto = [&](const auto& tabella, const std::vector<quint64>& bit, auto&& f) {
+        for (size_t k = bit.size(); k-- > 0;)
+            for (quint64 w = bit[k]; w; w &= ~(quint64(1) << (63 - std::countl_zero(w)))) {
+                const qsizetype i = qsizetype(k * 64 + 63 - size_t(std::countl_zero(w)));
+                f(tabella[i], i);
+            }
+    };
     auto perOgni = [&](const auto& tabella, const std::vector<int>& indici, auto&& f) {
         if (parte) {
             if (rovescio)
@@ -266,67 +370,105 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     };
 
     auto linee = [&] {
-        perOgni(g.Linee, soloLinee, [&](const LineaGrafica& l, qsizetype) {
+        auto linea = [&](const LineaGrafica& l, qsizetype) {
             const double x1 = l.X1 - cx, y1 = l.Y1 - cy, x2 = l.X2 - cx, y2 = l.Y2 - cy;
             if (!Finito(x1, y1) || !Finito(x2, y2)) return;
             if (ritaglia && !vis.Tocca(x1, y1, x2, y2, (std::abs(l.Spessore) + 4) * mondoPerPixel))
                 return;
+            // A line's pixels lie within its width and a pixel of rounding of its box.
+            if (copertura && coperture.Coperto(x1, y1, x2, y2, std::abs(l.Spessore) + 2)) return;
             tela.Linea(x1, y1, x2, y2, l.Spessore, l.Stile, l.Colore);
-        });
+        };
+        if (scoperti)
+            perOgniScoperto(g.Linee, scopertiLinee, linea);
+        else
+            perOgni(g.Linee, soloLinee, linea);
     };
 
-    // The kind of each point, read once per version of the tables rather than from each name
-    // in each pass.
-    const std::vector<quint8>& tipo = Tipi(g).tipo;
+    // What the passes read of each point, packed once per version of the tables.
+    bool tabelleNuove = false;
+    const SchedePunti& sp = Schede(g, tabelleNuove);
+    const std::vector<quint8>& tipo = sp.tipo;
+    const std::vector<SchedePunti::Scheda>& schede = sp.schede;
 
     // Markers: only inside the box of the whole drawing.
     auto segni = [&] {
-        perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& p, qsizetype i) {
-            if (tipo[size_t(i)] != TipiPunti::kNumerato) return;
-            if (!(v.XMin < p.X && p.X < v.XMax && v.YMin < p.Y && p.Y < v.YMax)) return;
-            const double x = p.X - cx, y = p.Y - cy;
+        auto segno = [&](const PuntoGrafica&, qsizetype i) {
+            if (tipo[size_t(i)] != SchedePunti::kNumerato) return;
+            const SchedePunti::Scheda& p = schede[size_t(i)];
+            if (!(v.XMin < p.x && p.x < v.XMax && v.YMin < p.y && p.y < v.YMax)) return;
+            const double x = p.x - cx, y = p.y - cy;
             if (ritaglia && !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) return;
-            tela.Cerchio(x, y, raggio, p.Colore);
-        });
+            // A ring's pixels lie within two pixels and one of rounding of its circle.
+            if (copertura && coperture.Coperto(x - raggio, y - raggio, x + raggio, y + raggio, 3))
+                return;
+            tela.Cerchio(x, y, raggio, p.colore);
+        };
+        if (scoperti)
+            perOgniScoperto(g.Punti, scopertiPunti, segno);
+        else
+            perOgni(g.Punti, soloPunti, segno);
     };
 
     // Texts: toponyms, names, parcel labels. A text can reach as far as its length in
     // characters times its height from where it starts, in any direction.
-    auto fuori = [&](const PuntoGrafica& p, const QString& t) {
-        const double x = p.X - cx, y = p.Y - cy;
+    auto fuori = [&](const SchedePunti::Scheda& p, qint32 lunghezza) {
+        const double x = p.x - cx, y = p.y - cy;
         if (!Finito(x, y)) return true;
         if (!ritaglia) return false;
-        const double portata = (t.size() + 2) * std::abs(p.Dimensione * 20 / twips) * mondoPerPixel;
+        const double portata =
+            (double(lunghezza) + 2) * std::abs(p.dimensione * 20 / twips) * mondoPerPixel;
         return !std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata);
     };
+    // The records' texts are read only by a Tela that has not seen them before.
     auto testi = [&](quint8 quale, bool toponimi) {
-        perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& p, qsizetype i) {
-            if (quale ? !(tipo[size_t(i)] & quale) : tipo[size_t(i)] != TipiPunti::kNumerato)
+        perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& q, qsizetype i) {
+            if (quale ? !(tipo[size_t(i)] & quale) : tipo[size_t(i)] != SchedePunti::kNumerato)
                 return;
-            const QString& t = toponimi ? p.Testo : p.Nome;
-            if (fuori(p, t)) return;
-            tela.Testo(p.X - cx, p.Y - cy, t, p.Font, p.Dimensione * 20 / twips, p.Angolo,
-                       p.Colore);
+            const SchedePunti::Scheda& p = schede[size_t(i)];
+            if (fuori(p, toponimi ? p.lunghezzaTesto : p.lunghezzaNome)) return;
+            tela.TestoNoto({toponimi ? sp.serieTesti : sp.serieNomi, i}, p.x - cx, p.y - cy,
+                           toponimi ? q.Testo : q.Nome, q.Font, p.dimensione * 20 / twips, p.angolo,
+                           p.colore);
         });
     };
     auto toponimi = [&] {
-        if (!v.ToponimiNo) testi(TipiPunti::kToponimo, true);
+        if (!v.ToponimiNo) testi(SchedePunti::kToponimo, true);
     };
     auto nomi = [&] {
-        if (!v.NomiNo) testi(TipiPunti::kNumerato, false);
+        if (!v.NomiNo) testi(SchedePunti::kNumerato, false);
     };
-    auto etichette = [&] { testi(TipiPunti::kEtichetta, false); };
+    auto etichette = [&] { testi(SchedePunti::kEtichetta, false); };
+
+    // Before the markers, from the last: where the Tela is already wholly taken. On a large
+    // sheet seen whole most of it is by then, and the grid of the records' places (made from
+    // the second picture of the same tables on, not to slow the first) gives the markers and
+    // the lines that may still show.
+    auto copri = [&] {
+        copertura = tela.MappaCoperture(coperture);
+        if (!copertura || parte || !opzioni.griglia || tabelleNuove ||
+            g.Punti.size() + g.Linee.size() < 20000)
+            return;
+        if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g);
+        const GrigliaGrafica& q = *g.Griglia;
+        const double marginePixel = std::max(3, std::min(q.spessoreMassimo, 100) + 2);
+        Scoperti(q, coperture, cx, cy, raggio, marginePixel, g.Punti.size(), g.Linee.size(),
+                 scopertiPunti, scopertiLinee);
+        scoperti = true;
+    };
 
     if (opzioni.rovescio && tela.IniziaAlRovescio()) {
         rovescio = true;
         etichette();
         nomi();
         toponimi();
+        copri();
         segni();
         linee();
         if (tela.FinisciAlRovescio()) return;
         // The Tela gave up: everything again, in order, on a clean surface.
         rovescio = false;
+        copertura = scoperti = false;
         tela.Pulisci();
         tela.Scala(-a * r / 2, a / 2, a * r / 2, -a / 2);
     }

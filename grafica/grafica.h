@@ -10,7 +10,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <memory>
 #include <vector>
 
@@ -72,7 +74,7 @@ private:
 };
 
 struct GrigliaGrafica;
-struct TipiPunti;
+struct SchedePunti;
 
 // The state of one plot control: tables, row lists, switches and the mouse's working values.
 struct ModelloGrafica {
@@ -114,9 +116,10 @@ struct ModelloGrafica {
     // would have to count here too.
     quint64 Versione = 0;
     std::shared_ptr<const GrigliaGrafica> Griglia;
-    // The kind of each point by its name (toponym, parcel label, numbered point), for the same
-    // version of the tables: the passes read a byte instead of each name.
-    std::shared_ptr<const TipiPunti> Tipi;
+    // What the passes read of each point (its kind by its name, place, size, turn, colour),
+    // packed for the same version of the tables: the passes read neither the names nor the
+    // whole records.
+    std::shared_ptr<const SchedePunti> Schede;
 };
 
 // ---- The four switches (section CONFIGURA_GRAFICA1) ----
@@ -197,6 +200,55 @@ public:
     // up; the strokes are then given again, in their order, on a cleared surface.
     virtual bool IniziaAlRovescio() { return false; }
     virtual bool FinisciAlRovescio() { return true; }
+
+    // A text that the redraw names: the same serie and indice name the same text in the same
+    // face in every redraw, so a Tela may keep what it works out for it (its glyphs' places)
+    // and not read the text again. Serie 0 names nothing.
+    struct ChiaveTesto {
+        quint64 serie = 0;
+        qsizetype indice = 0;
+    };
+    virtual void TestoNoto(ChiaveTesto chiave, double x, double y, const QString& testo,
+                           const QString& font, double altezzaPixel, double angolo, int colore) {
+        (void)chiave;
+        Testo(x, y, testo, font, altezzaPixel, angolo, colore);
+    }
+
+    // Where a Tela taking strokes from the last is already wholly taken, in square tiles of
+    // lato pixels (a power of two): a stroke on set tiles only changes nothing. A world point
+    // x, y falls at x * sx + ox, y * sy + oy on the pixels, whose upper left corners are whole.
+    struct Coperture {
+        double ox = 0, oy = 0, sx = 0, sy = 0;
+        int lato = 8, colonne = 0, righe = 0;
+        std::vector<quint8> piene; // a byte per tile, by rows
+        // Every tile that the world box, widened by margine pixels, reaches on the surface is
+        // set: a stroke within the widened box changes nothing.
+        bool Coperto(double x0, double y0, double x1, double y1, double margine) const {
+            double a = x0 * sx + ox, b = x1 * sx + ox, c = y0 * sy + oy, d = y1 * sy + oy;
+            if (a > b) std::swap(a, b);
+            if (c > d) std::swap(c, d);
+            a -= margine;
+            b += margine;
+            c -= margine;
+            d += margine;
+            if (!(a <= b && c <= d)) return false; // not a number
+            const double w = double(colonne) * lato, h = double(righe) * lato;
+            if (b < 0 || a >= w || d < 0 || c >= h) return true; // off the surface
+            // Within the surface now, so whole and not negative: a cut is a floor.
+            const int passo = std::countr_zero(unsigned(lato));
+            const int tx0 = int(std::max(a, 0.0)) >> passo, tx1 = int(std::min(b, w - 1)) >> passo;
+            const int ty0 = int(std::max(c, 0.0)) >> passo, ty1 = int(std::min(d, h - 1)) >> passo;
+            for (int ty = ty0; ty <= ty1; ++ty)
+                for (int tx = tx0; tx <= tx1; ++tx)
+                    if (!piene[size_t(ty) * size_t(colonne) + size_t(tx)]) return false;
+            return true;
+        }
+    };
+    // False when the Tela cannot say (then the map is left as it is).
+    virtual bool MappaCoperture(Coperture& mappa) {
+        (void)mappa;
+        return false;
+    }
 };
 
 // The QB palette as 0xRRGGBB.

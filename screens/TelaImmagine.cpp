@@ -47,6 +47,18 @@ quint32 Argb(int colore) {
     return 0xFF000000u | ColoreQB(colore);
 }
 
+// The palette's pixels, looked up without a call for every stroke.
+const std::array<quint32, 16> kTavolozza = [] {
+    std::array<quint32, 16> t{};
+    for (int i = 0; i < 16; ++i) t[size_t(i)] = Argb(i);
+    return t;
+}();
+
+inline TelaImmagine::Tinta TintaDi(int colore) {
+    const int i = colore & 15; // the same as the palette's index, negative numbers included
+    return {kTavolozza[size_t(i)], i};
+}
+
 Qt::PenStyle StilePenna(int stile) {
     return stile == 1 ? Qt::DashLine : stile == 2 ? Qt::DotLine : Qt::SolidLine;
 }
@@ -256,12 +268,35 @@ bool TelaImmagine::IniziaAlRovescio() {
     rinuncia_ = false;
     parole_ = (w_ + 63) / 64;
     presi_.assign(size_t(parole_) * size_t(h_), 0);
+    coda_ = w_ % 64 ? (quint64(1) << (w_ % 64)) - 1 : ~quint64(0);
+    usati_ = 0;
     return true;
 }
 
 bool TelaImmagine::FinisciAlRovescio() {
     if (!rovescio_) return true;
     rovescio_ = false;
+    if (!rinuncia_) {
+        // Each colour's pixels, a row at a time: the image was white where nothing fell.
+        for (int i = 0; i < 16; ++i) {
+            if (!(usati_ & (1u << i))) continue;
+            const quint32 argb = Argb(i);
+            const quint64* piano = piani_[size_t(i)].data();
+            for (int y = 0; y < h_; ++y) {
+                quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_);
+                const quint64* c = piano + size_t(y) * size_t(parole_);
+                for (int k = 0; k < parole_; ++k, d += 64) {
+                    quint64 w = c[k];
+                    if (w == ~quint64(0)) {
+                        std::fill_n(d, 64, argb);
+                        continue;
+                    }
+                    for (; w; w &= w - 1) d[std::countr_zero(w)] = argb;
+                }
+            }
+        }
+    }
+    usati_ = 0;
     // The tiles' colours were not followed meanwhile: none is known for strokes in order.
     ++epoca_;
     ultimaTessera_ = -1;
@@ -269,57 +304,119 @@ bool TelaImmagine::FinisciAlRovescio() {
     return !rinuncia_;
 }
 
-inline void TelaImmagine::Scrivi(int x, int y, quint32 colore) {
-    if (!rovescio_) {
-        Pixel(x, y, colore);
-        return;
+int TelaImmagine::PixelDi(double altezza) {
+    // The texts of a pass nearly always share their height.
+    if (altezza != ultimaAltezza_) {
+        ultimaAltezza_ = altezza;
+        ultimoPixelDi_ = std::clamp(int(std::lround(std::abs(altezza))), 1, 2000);
     }
-    quint64& p = presi_[size_t(y) * size_t(parole_) + size_t(x >> 6)];
-    const quint64 bit = quint64(1) << (x & 63);
-    if (p & bit) return;
-    p |= bit;
-    reinterpret_cast<quint32*>(bits_ + y * riga_)[x] = colore;
+    return ultimoPixelDi_;
 }
 
-void TelaImmagine::TestoSotto(int base, int x0, int y0, int y1, quint32 colore) {
-    // The glyphs of one colour make one mask, row by row in words from x0's word: a glyph
-    // over its neighbour leaves the same pixels as the other way round. Each row of it is
-    // then laid against the pixels taken.
-    const int primaParola = x0 >> 6;
-    int larghe = 1;
-    for (const auto& [g, gx] : posti_)
-        if (!g->tratti.empty())
-            larghe = std::max(larghe, ((gx + g->larghezza - 1) >> 6) - primaParola + 1);
-    const size_t parole = size_t(y1 - y0 + 1) * size_t(larghe);
-    // A name's mask fits on the stack; a long text's goes to the heap.
-    quint64 locale[256];
-    quint64* unione = locale;
-    if (parole > std::size(locale)) {
-        unione_.assign(parole, 0);
-        unione = unione_.data();
-    } else {
-        std::fill_n(locale, parole, 0);
+bool TelaImmagine::MappaCoperture(Coperture& m) {
+    if (!rovescio_ || !(sx_ != 0 && sy_ != 0) || !std::isfinite(ox_ * sx_) ||
+        !std::isfinite(oy_ * sy_))
+        return false;
+    // Mappa gives (x - ox_) * sx_: the same as x * sx_ - ox_ * sx_.
+    m.sx = sx_;
+    m.sy = sy_;
+    m.ox = -ox_ * sx_;
+    m.oy = -oy_ * sy_;
+    m.lato = 8;
+    m.colonne = (w_ + 7) / 8;
+    m.righe = (h_ + 7) / 8;
+    m.piene.assign(size_t(m.colonne) * size_t(m.righe), 0);
+    // Eight rows at a time: a column wholly taken in all eight has its bit in their and; a
+    // tile is a byte of that. The image's edge counts as taken.
+    for (int ty = 0; ty < m.righe; ++ty) {
+        const int y0 = ty * 8, y1 = std::min(y0 + 8, h_);
+        for (int k = 0; k < parole_; ++k) {
+            quint64 e = ~quint64(0);
+            for (int y = y0; y < y1; ++y) e &= presi_[size_t(y) * size_t(parole_) + size_t(k)];
+            if (k == parole_ - 1) e |= ~coda_;
+            for (int b = 0; b < 8 && k * 8 + b < m.colonne; ++b)
+                m.piene[size_t(ty) * size_t(m.colonne) + size_t(k * 8 + b)] =
+                    ((e >> (b * 8)) & 0xFF) == 0xFF;
+        }
     }
+    return true;
+}
+
+quint64* TelaImmagine::NuovoPiano(int indice) {
+    usati_ |= 1u << indice;
+    piani_[size_t(indice)].assign(presi_.size(), 0);
+    return piani_[size_t(indice)].data();
+}
+
+inline void TelaImmagine::Scrivi(int x, int y, Tinta colore) {
+    if (!rovescio_) {
+        Pixel(x, y, colore.argb);
+        return;
+    }
+    const size_t i = size_t(y) * size_t(parole_) + size_t(x >> 6);
+    const quint64 bit = quint64(1) << (x & 63);
+    if (presi_[i] & bit) return;
+    presi_[i] |= bit;
+    Piano(colore.indice)[i] |= bit;
+}
+
+TelaImmagine::Scatola TelaImmagine::Impagina(CacheGlifi::Faccia& f, const QString& testo) {
+    posti_.clear();
+    Scatola s;
+    double penna = 0;
+    for (QChar ch : testo) {
+        // A glyph this far from the pen lies off any image.
+        if (penna > 1e8) break;
+        const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
+        const int gx = Arrotonda(penna) + g.dx;
+        posti_.push_back({&g, gx});
+        penna += g.avanzamento;
+        if (g.tratti.empty()) continue;
+        s.righe = s.righe && !g.righe.empty();
+        s.x0 = std::min(s.x0, gx);
+        s.x1 = std::max(s.x1, gx + g.larghezza - 1);
+        s.y0 = std::min(s.y0, g.dy);
+        s.y1 = std::max(s.y1, g.dy + g.altezza - 1);
+    }
+    return s;
+}
+
+void TelaImmagine::Componi(const Scatola& s, quint64* maschera) const {
+    const int parole = s.Parole();
+    std::fill_n(maschera, size_t(parole) * size_t(s.Righe()), 0);
     for (const auto& [g, gx] : posti_) {
         if (g->tratti.empty()) continue;
-        const int b = gx - (primaParola << 6), parola = b >> 6, sp = b & 63;
-        quint64* u = unione + size_t(base + g->dy - y0) * size_t(larghe) + size_t(parola);
-        for (int r = 0; r < g->altezza; ++r, u += larghe) {
+        const int b = gx - s.x0, parola = b >> 6, sp = b & 63;
+        quint64* u = maschera + size_t(g->dy - s.y0) * size_t(parole) + size_t(parola);
+        for (int r = 0; r < g->altezza; ++r, u += parole) {
             const quint64 m = g->righe[size_t(r)];
             u[0] |= m << sp;
-            // What spills into the next word lies within the text's box, so within the row.
+            // What spills into the next word lies within the box, so within the row.
             if (const quint64 alto = sp ? m >> (64 - sp) : 0) u[1] |= alto;
         }
     }
-    for (int y = std::max(y0, 0); y <= std::min(y1, h_ - 1); ++y) {
-        const quint64* u = unione + size_t(y - y0) * size_t(larghe);
-        quint64* p = presi_.data() + size_t(y) * size_t(parole_) + size_t(primaParola);
-        quint32* d = reinterpret_cast<quint32*>(bits_ + y * riga_) + (primaParola << 6);
-        for (int k = 0; k < larghe; ++k, d += 64) {
-            quint64 nuovi = u[k] & ~p[k];
-            if (!nuovi) continue;
-            p[k] |= nuovi;
-            for (; nuovi; nuovi &= nuovi - 1) d[std::countr_zero(nuovi)] = colore;
+}
+
+void TelaImmagine::Stendi(const quint64* maschera, int parole, int righe, int x0, int y0,
+                          Tinta colore) {
+    // Row by row, the mask's words shifted onto the image's words from x0's: a word of the
+    // image takes the upper part of one and the lower part of the next.
+    const int w0 = x0 >> 6, sp = x0 & 63;
+    const int ka = std::max(0, -w0), kb = std::min(parole, parole_ - 1 - w0);
+    quint64* piano = Piano(colore.indice);
+    for (int y = std::max(y0, 0); y <= std::min(y0 + righe - 1, h_ - 1); ++y) {
+        const quint64* m = maschera + size_t(y - y0) * size_t(parole);
+        const size_t riga = size_t(y) * size_t(parole_);
+        quint64* p = presi_.data() + riga;
+        quint64* c = piano + riga;
+        for (int k = ka; k <= kb; ++k) {
+            quint64 v = k < parole ? m[k] << sp : 0;
+            if (k > 0 && sp) v |= m[k - 1] >> (64 - sp);
+            const int wi = w0 + k;
+            if (wi == parole_ - 1) v &= coda_;
+            const quint64 nuovi = v & ~p[wi];
+            p[wi] |= nuovi;
+            c[wi] |= nuovi;
         }
     }
 }
@@ -364,7 +461,7 @@ bool TelaImmagine::Presi(int x0, int y0, int x1, int y1) const {
     return true;
 }
 
-void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, quint32 colore) {
+void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, Tinta colore) {
     // A glyph across an edge of the image: a pixel at a time. Only whole coverage can be laid
     // underneath.
     if (!g.opaco) {
@@ -383,7 +480,7 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
     QPointF a = Mappa(x1, y1), b = Mappa(x2, y2);
     const int larghezza = std::clamp(spessore, 1, 100);
     if (bits_ && larghezza > 1) {
-        LineaSpessa(a, b, larghezza, stile, Argb(colore));
+        LineaSpessa(a, b, larghezza, stile, TintaDi(colore));
         return;
     }
     if (!bits_) {
@@ -411,7 +508,7 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
     if (rovescio_ && std::abs(dy) < 32 &&
         Presi(std::min(xa, xb), std::min(ya, yb), std::max(xa, xb), std::max(ya, yb)))
         return;
-    const quint32 c = Argb(colore);
+    const Tinta c = TintaDi(colore);
     // The minor axis in 16.16 fixed point, from the middle of the first pixel.
     const qint64 px = n ? (qint64(dx) << 16) / n : 0, py = n ? (qint64(dy) << 16) / n : 0;
     qint64 fx = (qint64(xa) << 16) + 0x8000, fy = (qint64(ya) << 16) + 0x8000;
@@ -430,7 +527,7 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
         std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite)
         return;
     if (bits_ && r > 32) {
-        AnelloGrande(c, r, Argb(colore));
+        AnelloGrande(c, r, TintaDi(colore));
         return;
     }
     if (!bits_) {
@@ -447,7 +544,11 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
     const int bx = int(std::floor(c.x())), by = int(std::floor(c.y()));
     const int fx = std::clamp(int((c.x() - bx) * 8), 0, 7);
     const int fy = std::clamp(int((c.y() - by) * 8), 0, 7);
-    const int r16 = int(std::lround(r * 16));
+    if (r != ultimoRaggio_) {
+        ultimoRaggio_ = r;
+        ultimoR16_ = int(std::lround(r * 16));
+    }
+    const int r16 = ultimoR16_;
     if (raggio16_ != r16) {
         raggio16_ = r16;
         for (auto& a : anelli_) a.clear();
@@ -463,7 +564,7 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
             }
         if (anello.empty()) anello.push_back({0, 0});
     }
-    const quint32 k = Argb(colore);
+    const Tinta k = TintaDi(colore);
     if (rovescio_ && Presi(bx - raggio16_ / 16 - 2, by - raggio16_ / 16 - 2,
                            bx + raggio16_ / 16 + 2, by + raggio16_ / 16 + 2))
         return;
@@ -473,7 +574,7 @@ void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
     }
 }
 
-void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, quint32 colore) {
+void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, Tinta colore) {
     // The pixels whose middle lies in the band of the pen along the segment, with square ends
     // half a width long; dashes and dots as Qt's patterns, in units of the width.
     const double m = larghezza;
@@ -507,7 +608,7 @@ void TelaImmagine::LineaSpessa(QPointF a, QPointF b, int larghezza, int stile, q
     }
 }
 
-void TelaImmagine::AnelloGrande(QPointF c, double r, quint32 colore) {
+void TelaImmagine::AnelloGrande(QPointF c, double r, Tinta colore) {
     // The same ring a row at a time: on a row the pixels within half a pixel of the circle
     // make one or two runs. A ring far larger than the image reaches around it.
     if (r > 8 * kLimite) return;
@@ -536,48 +637,37 @@ void TelaImmagine::AnelloGrande(QPointF c, double r, quint32 colore) {
 }
 
 bool TelaImmagine::TestoDiretto(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
-                                quint32 colore) {
+                                Tinta tinta) {
     if (!SoloSemplice(testo)) return false;
-    double penna = c.x();
-    const int base = Arrotonda(c.y() + f.ascesa);
+    const Scatola s = Impagina(f, testo);
+    if (s.Vuota()) return true;
+    const int px = Arrotonda(c.x()), base = Arrotonda(c.y() + f.ascesa);
     if (rovescio_) {
-        posti_.clear();
-        int x0 = INT_MAX, y0 = INT_MAX, x1 = INT_MIN, y1 = INT_MIN;
-        bool righe = true;
-        for (QChar ch : testo) {
-            const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-            const int gx = Arrotonda(penna) + g.dx;
-            posti_.push_back({&g, gx});
-            penna += g.avanzamento;
-            if (g.tratti.empty()) continue;
-            righe = righe && !g.righe.empty();
-            x0 = std::min(x0, gx);
-            x1 = std::max(x1, gx + g.larghezza - 1);
-            y0 = std::min(y0, base + g.dy);
-            y1 = std::max(y1, base + g.dy + g.altezza - 1);
-        }
         // A name wholly under later strokes costs one look at its box.
-        if (x0 > x1 || Presi(x0, y0, x1, y1)) return true;
-        if (righe && x0 >= 0 && x1 < w_ && y1 - y0 < 4096) {
-            TestoSotto(base, x0, y0, y1, colore);
+        if (Presi(px + s.x0, base + s.y0, px + s.x1, base + s.y1)) return true;
+        if (s.Componibile()) {
+            unione_.resize(size_t(s.Parole()) * size_t(s.Righe()));
+            Componi(s, unione_.data());
+            Stendi(unione_.data(), s.Parole(), s.Righe(), px + s.x0, base + s.y0, tinta);
             return true;
         }
-        // Near the edges, a glyph at a time from the last, as neighbours may overlap.
+        // Glyphs too wide for a row of bits, a glyph at a time from the last, as neighbours
+        // may overlap.
         for (auto i = posti_.rbegin(); i != posti_.rend(); ++i) {
             const CacheGlifi::Glifo& g = *i->first;
-            const int gx = i->second, gy = base + g.dy;
+            const int gx = px + i->second, gy = base + g.dy;
             if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
                 gy + g.altezza <= 0)
                 continue;
-            GlifoSotto(g, gx, gy, colore);
+            GlifoSotto(g, gx, gy, tinta);
         }
         return true;
     }
     ultimaTessera_ = -1; // glyphs change tiles behind the strokes' back
-    for (QChar ch : testo) {
-        const CacheGlifi::Glifo& g = glifi_->GlifoDi(f, ch.unicode());
-        const int gx = Arrotonda(penna) + g.dx, gy = base + g.dy;
-        penna += g.avanzamento;
+    const quint32 colore = tinta.argb;
+    for (const auto& [gp, ox] : posti_) {
+        const CacheGlifi::Glifo& g = *gp;
+        const int gx = px + ox, gy = base + g.dy;
         if (g.tratti.empty() || gx >= w_ || gy >= h_ || gx + g.larghezza <= 0 ||
             gy + g.altezza <= 0)
             continue;
@@ -621,7 +711,7 @@ const std::vector<quint8>& CacheGlifi::Maschera(const Glifo& g) {
 }
 
 bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Faccia& f,
-                                double angolo, quint32 colore) {
+                                double angolo, Tinta colore) {
     // Each pixel near a glyph turned around the text's corner takes the glyph's pixel it
     // falls on: the turn of the painter's frame, undone.
     if (!SoloSemplice(testo)) return false;
@@ -683,8 +773,8 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
                     if (k >= 255) {
                         Scrivi(px, py, colore);
                     } else {
-                        Fondi(reinterpret_cast<quint32*>(bits_ + py * riga_)[px], colore, k);
-                        Tocca((py >> kPasso) * tw_ + (px >> kPasso), colore);
+                        Fondi(reinterpret_cast<quint32*>(bits_ + py * riga_)[px], colore.argb, k);
+                        Tocca((py >> kPasso) * tw_ + (px >> kPasso), colore.argb);
                         ultimaTessera_ = -1;
                     }
                 }
@@ -694,17 +784,102 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
     return true;
 }
 
+void TelaImmagine::TestoNoto(ChiaveTesto chiave, double x, double y, const QString& testo,
+                             const QString& font, double altezzaPixel, double angolo, int colore) {
+    // What is kept serves upright text laid from the last; the rest goes as any text.
+    const bool dritto = angolo == 0 || !std::isfinite(angolo);
+    if (!rovescio_ || !dritto || chiave.serie == 0 || chiave.indice < 0 ||
+        chiave.indice >= (qsizetype(1) << 26)) {
+        Testo(x, y, testo, font, altezzaPixel, angolo, colore);
+        return;
+    }
+    const QPointF c = Mappa(x, y);
+    if (!std::isfinite(c.x()) || !std::isfinite(c.y()) || std::abs(c.x()) > kLimite ||
+        std::abs(c.y()) > kLimite)
+        return;
+    const int pixel = PixelDi(altezzaPixel);
+    if (pixel > 200) {
+        Testo(x, y, testo, font, altezzaPixel, angolo, colore);
+        return;
+    }
+    auto& voci = glifi_->impaginati_;
+    if (size_t(chiave.indice) >= voci.size())
+        voci.resize(std::max(size_t(chiave.indice) + 1, voci.size() + voci.size() / 2));
+    CacheGlifi::Impaginato& e = voci[size_t(chiave.indice)];
+    if (e.serie != chiave.serie || e.pixel != pixel) {
+        // Made once for this text and face: the text is read here only.
+        auto& pool = glifi_->maschere_;
+        if (e.serie && e.modo == CacheGlifi::Impaginato::kMaschera && e.maschera >= 0)
+            glifi_->sprecate_ += size_t(e.parole) * e.righe;
+        if (pool.size() > (size_t(1) << 20) && glifi_->sprecate_ * 2 > pool.size()) {
+            // Mostly masks of texts no longer named: all are made again as they come.
+            for (auto& v : voci) v.serie = 0;
+            pool.clear();
+            glifi_->sprecate_ = 0;
+        }
+        e = {};
+        e.serie = chiave.serie;
+        e.pixel = qint16(pixel);
+        if (testo.isEmpty()) {
+            e.modo = CacheGlifi::Impaginato::kNiente;
+        } else if (!SoloSemplice(testo)) {
+            e.modo = CacheGlifi::Impaginato::kAltrove;
+        } else {
+            CacheGlifi::Faccia& f = FacciaDi(font, pixel);
+            const Scatola s = Impagina(f, testo);
+            if (s.Vuota()) {
+                e.modo = CacheGlifi::Impaginato::kNiente;
+            } else if (!s.Componibile() || s.x0 < -30000 || s.x0 > 30000 || s.y0 < -30000 ||
+                       s.y0 > 30000) {
+                e.modo = CacheGlifi::Impaginato::kAltrove;
+            } else {
+                // The mask is made the first time the box is not all taken.
+                e.modo = CacheGlifi::Impaginato::kMaschera;
+                e.faccia = &f;
+                e.maschera = -1;
+                e.x0 = qint16(s.x0);
+                e.y0 = qint16(s.y0);
+                e.larghezza = quint16(s.x1 - s.x0 + 1);
+                e.parole = quint16(s.Parole());
+                e.righe = quint16(s.Righe());
+            }
+        }
+    }
+    if (e.modo == CacheGlifi::Impaginato::kNiente) return;
+    if (e.modo == CacheGlifi::Impaginato::kAltrove) {
+        Testo(x, y, testo, font, altezzaPixel, angolo, colore);
+        return;
+    }
+    const int x0 = Arrotonda(c.x()) + e.x0, y0 = Arrotonda(c.y() + e.faccia->ascesa) + e.y0;
+    // A name wholly under later strokes costs one look at its box.
+    if (Presi(x0, y0, x0 + e.larghezza - 1, y0 + e.righe - 1)) return;
+    auto& pool = glifi_->maschere_;
+    if (e.maschera < 0) {
+        const size_t parole = size_t(e.parole) * e.righe;
+        if (pool.size() + parole > size_t(INT_MAX)) {
+            Testo(x, y, testo, font, altezzaPixel, angolo, colore);
+            return;
+        }
+        const Scatola s = Impagina(*e.faccia, testo);
+        e.maschera = qint32(pool.size());
+        pool.resize(pool.size() + parole);
+        Componi(s, pool.data() + e.maschera);
+    }
+    Stendi(pool.data() + e.maschera, e.parole, e.righe, x0, y0, TintaDi(colore));
+}
+
 void TelaImmagine::Testo(double x, double y, const QString& testo, const QString& font,
                          double altezzaPixel, double angolo, int colore) {
     const QPointF c = Mappa(x, y);
     if (img_.isNull() || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
         std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite || testo.isEmpty())
         return;
-    const int pixel = std::clamp(int(std::lround(std::abs(altezzaPixel))), 1, 2000);
+    const int pixel = PixelDi(altezzaPixel);
     CacheGlifi::Faccia& f = FacciaDi(font, pixel);
     const bool dritto = angolo == 0 || !std::isfinite(angolo);
-    if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, Argb(colore))) return;
-    if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, Argb(colore))) return;
+    if (bits_ && dritto && pixel <= 200 && TestoDiretto(c, testo, f, TintaDi(colore))) return;
+    if (bits_ && !dritto && pixel <= 200 && TestoRuotato(c, testo, f, angolo, TintaDi(colore)))
+        return;
     if (rovescio_) {
         // The painter draws in order only.
         rinuncia_ = true;

@@ -188,7 +188,10 @@ TEST(TecnicoIni, ChiaviDelTecnico) {
 }
 
 TEST_F(ConPregeo, PregeoIniRiscritto) {
-    s.amb.RigheIni = ScriviTecnicoIni(s.amb.RigheIni, TecnicoIni{"VERDI", "ANNA"});
+    TecnicoIni verdi;
+    verdi.Cognome = "VERDI";
+    verdi.Nome = "ANNA";
+    s.amb.RigheIni = ScriviTecnicoIni(s.amb.RigheIni, verdi);
     RiscriviPregeoIni(s);
     const QByteArray scritto = radice.Leggi("C:\\windows\\PREGEO.INI");
     EXPECT_TRUE(scritto.contains("\r\nCognome=VERDI\r\nNome=ANNA\r\n")) << scritto.constData();
