@@ -37,17 +37,18 @@ QString LeggiTesto(const QString& percorso) {
 
 QStringList RigheDiTesto(const QString& testo) {
     QStringList righe;
-    const int n = int(testo.size());
-    int inizio = 0;
-    for (int i = 0; i < n; ++i) {
-        const QChar c = testo[i];
+    const QChar* d = testo.constData();
+    const qsizetype n = testo.size();
+    qsizetype inizio = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t c = d[i].unicode();
         if (c == u'\r' || c == u'\n') {
-            righe.append(testo.mid(inizio, i - inizio));
-            if (c == u'\r' && i + 1 < n && testo[i + 1] == u'\n') ++i;
+            righe.append(testo.sliced(inizio, i - inizio));
+            if (c == u'\r' && i + 1 < n && d[i + 1] == u'\n') ++i;
             inizio = i + 1;
         }
     }
-    if (inizio < n) righe.append(testo.mid(inizio));
+    if (inizio < n) righe.append(testo.sliced(inizio));
     return righe;
 }
 

@@ -7,7 +7,9 @@
 #include "stato.h"
 #include "testo.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tavolet {
 
@@ -91,17 +93,28 @@ void CaricaRigheEstratto(Stato& stato, ModelloGrafica& g, const QStringList& rig
     SvuotaListe(g);
     BV_Clear(g);
     const VistaGrafica& v = *g.Vista;
-    for (QString riga : righe) {
+    // Rows of blanks only are left out, as are the PF and the toponyms the switches hide.
+    auto soloSpazi = [](QStringView r) {
+        return std::all_of(r.begin(), r.end(), [](QChar c) { return c == u' '; });
+    };
+    // A ring's "N" styles are read as "R": one look along the row for either pair.
+    auto conNeri = [](QStringView r) {
+        for (qsizetype i = r.indexOf(u'N'); i >= 0 && i + 1 < r.size(); i = r.indexOf(u'N', i + 1))
+            if (r[i + 1] == u'T' || r[i + 1] == u'P') return true;
+        return false;
+    };
+    g.List2[0].reserve(righe.size());
+    for (const QString& riga : righe) {
         const int tipo = ValIntero(riga);
-        if (tipo == 8 && v.PFNo && riga.contains(QStringLiteral("|PF"))) riga.clear();
-        if (tipo == 8 && v.ToponimiNo && riga.contains(QStringLiteral("T|"))) riga.clear();
-        if (tipo == 7) {
-            if (riga.contains(QLatin1String("NT")))
-                riga = Replace(riga, QStringLiteral("NT"), QStringLiteral("RT"));
-            if (riga.contains(QLatin1String("NP")))
-                riga = Replace(riga, QStringLiteral("NP"), QStringLiteral("RP"));
+        if (tipo == 8 && v.PFNo && riga.contains(QStringLiteral("|PF"))) continue;
+        if (tipo == 8 && v.ToponimiNo && riga.contains(QStringLiteral("T|"))) continue;
+        if (tipo == 7 && conNeri(riga)) {
+            const QString rossa = Replace(Replace(riga, QStringLiteral("NT"), QStringLiteral("RT")),
+                                          QStringLiteral("NP"), QStringLiteral("RP"));
+            if (!soloSpazi(rossa)) g.List2[0].append(rossa);
+            continue;
         }
-        if (!Trim(riga).isEmpty()) g.List2[0].append(riga);
+        if (!soloSpazi(riga)) g.List2[0].append(riga);
     }
     GeneraGrafica(stato, g);
 }
@@ -363,13 +376,20 @@ void AggiungiGrafica(Stato& stato, ModelloGrafica& g, int indice, int proposta) 
             const int spessore = testo.contains(u'+') ? 2 : 1;
             CampiVista(testo, c, false);
             c.pop_back(); // the piece behind the last bar
-            QStringView precedente;
+            // Each id is looked up once: the point of the one before is kept (a ring's walk
+            // starts from an empty name, which a point may bear).
+            int precedente = g.TrovaPunto(QStringView());
             for (size_t i = c.size(); i-- > 0;) {
                 const QStringView f = c[i];
                 if (Numerico(f)) {
-                    BV_AggiungiLineaGraf2Punti(g, f, precedente, vecchiaMappa ? 9 : colore,
-                                               spessore, stile);
-                    precedente = f;
+                    const int k = g.TrovaPunto(f);
+                    if (k >= 0 && precedente >= 0) {
+                        const PuntoGrafica& p = std::as_const(g.Punti)[k];
+                        const PuntoGrafica& q = std::as_const(g.Punti)[precedente];
+                        BV_AggiungiLineaGraf(g, p.X, p.Y, p.Z, q.X, q.Y, q.Z,
+                                             vecchiaMappa ? 9 : colore, spessore, stile);
+                    }
+                    precedente = k;
                 } else {
                     stato.TagRoutine = QStringLiteral("AggiungiGrafica1");
                     switch (f.isEmpty() ? 0 : f[0].unicode()) {
