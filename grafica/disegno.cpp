@@ -20,6 +20,14 @@ unsigned int ColoreQB(int indice) {
 
 namespace {
 
+// How far from its point a text of that many characters (and two more) can reach, given the
+// characters times their height in world units: twice that, with each character at least two
+// pixels high (a Tela sets no text under a pixel high, and a face's glyphs may be wider than
+// high).
+double PortataTesto(double caratteri, double perAltezza, double mondoPerPixel) {
+    return 2 * std::max(perAltezza, caratteri * 2 * mondoPerPixel);
+}
+
 // The visible world rectangle around the centre, widened by a margin.
 struct Riquadro {
     double x0, y0, x1, y1;
@@ -64,6 +72,7 @@ struct GrigliaGrafica {
     std::vector<int> inizioLinee, linee_; // per cell, the lines whose box reaches it
     std::vector<int> lineeGrandi;         // lines over many cells, always visited
     double portataTesti = 0;              // the largest (characters + 2) * size of a text
+    double caratteriMassimi = 0;          // the largest characters + 2 of a text
     int spessoreMassimo = 0;
 
     int Cella(double v, double origine, int n) const {
@@ -132,6 +141,7 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
         allarga(p.X, p.Y);
         const qsizetype n = std::max(p.Nome.size(), p.Testo.size());
         q.portataTesti = std::max(q.portataTesti, double(n + 2) * std::abs(p.Dimensione));
+        q.caratteriMassimi = std::max(q.caratteriMassimi, double(n + 2));
     }
     for (const LineaGrafica& l : g.Linee) {
         allarga(l.X1, l.Y1);
@@ -214,8 +224,9 @@ bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1
     if (std::isfinite(area) && area > 0 && sx > 0 && sy > 0 && sx * sy * 4 > area) return false;
     if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g);
     const GrigliaGrafica& q = *g.Griglia;
-    const double m = std::max(
-        {margineTesti * q.portataTesti, margineLinee * (q.spessoreMassimo + 4), margineSegni});
+    const double m =
+        std::max({PortataTesto(q.caratteriMassimi, margineTesti * q.portataTesti, margineLinee),
+                  margineLinee * (q.spessoreMassimo + 4), margineSegni});
     if (!std::isfinite(m) || q.nx * q.ny < 16) return false;
     // One cell more on each side covers the rounding of the tests made from the centre.
     const int cx0 = q.Cella(qx0 - m, q.x0, q.nx) - 1, cx1 = q.Cella(qx1 + m, q.x0, q.nx) + 1;
@@ -416,8 +427,10 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         const double x = p.x - cx, y = p.y - cy;
         if (!Finito(x, y)) return true;
         if (!ritaglia) return false;
+        const double caratteri = double(lunghezza) + 2;
         const double portata =
-            (double(lunghezza) + 2) * std::abs(p.dimensione * 20 / twips) * mondoPerPixel;
+            PortataTesto(caratteri, caratteri * std::abs(p.dimensione * 20 / twips) * mondoPerPixel,
+                         mondoPerPixel);
         return !std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata);
     };
     // The records' texts are read only by a Tela that has not seen them before.

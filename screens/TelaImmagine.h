@@ -1,8 +1,10 @@
 // The Tela of the plot on the pixels of a QImage. A joined comune puts a hundred thousand
 // markers and names on the canvas at every zoom step: here they are written straight into the
-// image, the names from glyphs rendered once per face and size. What this way does not do (thick
-// or huge strokes, turned or complex text) goes through a QPainter on the same image, in turn,
-// so that the order of the strokes is kept.
+// image, the names from glyphs rendered once per face and size. Strokes taken from the last set
+// bits (a pixel taken, and its colour's plane) and the pixels are written once at the end; the
+// texts the redraw names keep their glyphs as one mask between redraws, and the Tela tells the
+// redraw where it is already wholly taken. What this way does not do (turned text outside the
+// glyphs, huge text) goes through a QPainter on the same image, in order.
 #pragma once
 
 #include "TelaQt.h"
