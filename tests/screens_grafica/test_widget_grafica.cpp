@@ -373,6 +373,11 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
         t.Testo(20, 10, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 90, 0);
         t.Testo(20, 10, QStringLiteral("12%"), QStringLiteral("Courier New"), 11, 270, 0);
         t.Linea(10, 0, 10 + 1e-13, 20, 3, 0, 12);
+        // The quotes, dashes and euro of Windows-1252 are set from the glyphs too.
+        t.Testo(2, 2, QStringLiteral("D\u2019ANNUNZIO \u2013 \u20ac"),
+                QStringLiteral("Arial Narrow"), 11, 0, 0);
+        t.Testo(2, 2, QStringLiteral("\u201cFOSSO\u201d"), QStringLiteral("Arial Narrow"), 11, 45,
+                2);
         EXPECT_TRUE(t.FinisciAlRovescio());
         ASSERT_TRUE(t.IniziaAlRovescio());
         t.Testo(1, 1, QStringLiteral("ca\u0300"), QStringLiteral("Courier New"), 11, 0, 0);
@@ -434,8 +439,18 @@ TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
         if (caso(0, 5) == 0) return strani[grande ? miti[caso(0, 3)] : caso(0, 9)];
         return std::uniform_real_distribution<double>(-500, 500)(rng);
     };
-    const QStringList nomi = {"1%",      "22T",    " 257", "PF01/0120/A001",  "", "T", " ",
-                              "\u00e8%", "\u2603", "L",    QString(300, u'9')};
+    const QStringList nomi = {"1%",
+                              "22T",
+                              " 257",
+                              "PF01/0120/A001",
+                              "",
+                              "T",
+                              " ",
+                              "\u00e8%",
+                              "\u2603",
+                              "L",
+                              QString(300, u'9'),
+                              "D\u2019A\u20acT"};
     CacheGlifi glifi;
     for (int giro = 0; giro < 200; ++giro) {
         VistaGrafica vista;
