@@ -310,7 +310,10 @@ bool TelaImmagine::FinisciAlRovescio() {
     ++epoca_;
     ultimaTessera_ = -1;
     presi_ = {};
-    return !rinuncia_;
+    // Given up, the strokes come again in order: they are taken from here on.
+    const bool fatto = !rinuncia_;
+    rinuncia_ = false;
+    return fatto;
 }
 
 int TelaImmagine::PixelDi(double altezza) {
@@ -323,7 +326,8 @@ int TelaImmagine::PixelDi(double altezza) {
 }
 
 bool TelaImmagine::MappaCoperture(Coperture& m) {
-    if (!rovescio_ || !(sx_ != 0 && sy_ != 0) || !std::isfinite(ox_ * sx_) ||
+    // Given up, nothing is worth a map: the strokes are passed over until they come in order.
+    if (!rovescio_ || rinuncia_ || !(sx_ != 0 && sy_ != 0) || !std::isfinite(ox_ * sx_) ||
         !std::isfinite(oy_ * sy_))
         return false;
     // Mappa gives (x - ox_) * sx_: the same as x * sx_ - ox_ * sx_.
@@ -486,6 +490,7 @@ void TelaImmagine::GlifoSotto(const CacheGlifi::Glifo& g, int gx, int gy, Tinta 
 
 void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                          int colore) {
+    if (rinuncia_) return; // everything is drawn again in order
     QPointF a = Mappa(x1, y1), b = Mappa(x2, y2);
     const int larghezza = std::clamp(spessore, 1, 100);
     if (bits_ && larghezza > 1) {
@@ -530,6 +535,7 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
 }
 
 void TelaImmagine::Cerchio(double x, double y, double raggio, int colore) {
+    if (rinuncia_) return;
     const QPointF c = Mappa(x, y);
     const double r = raggio * std::abs(sx_);
     if (!std::isfinite(r) || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
@@ -795,6 +801,7 @@ bool TelaImmagine::TestoRuotato(QPointF c, const QString& testo, CacheGlifi::Fac
 
 void TelaImmagine::TestoNoto(ChiaveTesto chiave, double x, double y, const QString& testo,
                              const QString& font, double altezzaPixel, double angolo, int colore) {
+    if (rinuncia_) return;
     // What is kept serves upright text laid from the last; the rest goes as any text.
     const bool dritto = angolo == 0 || !std::isfinite(angolo);
     if (!rovescio_ || !dritto || chiave.serie == 0 || chiave.indice < 0 ||
@@ -879,6 +886,7 @@ void TelaImmagine::TestoNoto(ChiaveTesto chiave, double x, double y, const QStri
 
 void TelaImmagine::Testo(double x, double y, const QString& testo, const QString& font,
                          double altezzaPixel, double angolo, int colore) {
+    if (rinuncia_) return;
     const QPointF c = Mappa(x, y);
     if (img_.isNull() || !std::isfinite(c.x()) || !std::isfinite(c.y()) ||
         std::abs(c.x()) > kLimite || std::abs(c.y()) > kLimite || testo.isEmpty())
