@@ -103,9 +103,8 @@ ImprontaTabelle Impronta(const ModelloGrafica& g) {
     return {g.Versione, g.Punti.constData(), g.Punti.size(), g.Linee.constData(), g.Linee.size()};
 }
 
-const SchedePunti& Schede(ModelloGrafica& g, bool& nuove) {
-    nuove = !g.Schede || !(g.Schede->impronta == Impronta(g));
-    if (nuove) {
+const SchedePunti& Schede(ModelloGrafica& g) {
+    if (!g.Schede || !(g.Schede->impronta == Impronta(g))) {
         static std::atomic<quint64> serie{0};
         auto t = std::make_shared<SchedePunti>();
         t->impronta = Impronta(g);
@@ -125,7 +124,7 @@ const SchedePunti& Schede(ModelloGrafica& g, bool& nuove) {
     return *g.Schede;
 }
 
-std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
+std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g, const SchedePunti& sp) {
     auto r = std::make_shared<GrigliaGrafica>();
     GrigliaGrafica& q = *r;
     q.impronta = Impronta(g);
@@ -137,11 +136,12 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
         y0 = std::min(y0, y);
         y1 = std::max(y1, y);
     };
-    for (const PuntoGrafica& p : g.Punti) {
-        allarga(p.X, p.Y);
-        const qsizetype n = std::max(p.Nome.size(), p.Testo.size());
-        q.portataTesti = std::max(q.portataTesti, double(n + 2) * std::abs(p.Dimensione));
-        q.caratteriMassimi = std::max(q.caratteriMassimi, double(n + 2));
+    // The points from their packed records, not the tables'.
+    for (const SchedePunti::Scheda& p : sp.schede) {
+        allarga(p.x, p.y);
+        const double n = std::max(p.lunghezzaNome, p.lunghezzaTesto);
+        q.portataTesti = std::max(q.portataTesti, (n + 2) * std::abs(p.dimensione));
+        q.caratteriMassimi = std::max(q.caratteriMassimi, n + 2);
     }
     for (const LineaGrafica& l : g.Linee) {
         allarga(l.X1, l.Y1);
@@ -160,37 +160,40 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
     const size_t nCelle = size_t(q.nx) * size_t(q.ny);
     // Counted, then filled: two flat arrays instead of a list per cell.
     std::vector<int> conta(nCelle + 1, 0);
-    std::vector<int> cellaPunto(size_t(g.Punti.size()), -1);
-    for (qsizetype i = 0; i < g.Punti.size(); ++i) {
-        const PuntoGrafica& p = g.Punti[i];
-        if (!Finito(p.X, p.Y)) continue; // never drawn
-        const int c = q.Cella(p.Y, q.y0, q.ny) * q.nx + q.Cella(p.X, q.x0, q.nx);
+    const qsizetype nPunti = qsizetype(sp.schede.size());
+    std::vector<int> cellaPunto(size_t(nPunti), -1);
+    for (qsizetype i = 0; i < nPunti; ++i) {
+        const SchedePunti::Scheda& p = sp.schede[size_t(i)];
+        if (!Finito(p.x, p.y)) continue; // never drawn
+        const int c = q.Cella(p.y, q.y0, q.ny) * q.nx + q.Cella(p.x, q.x0, q.nx);
         cellaPunto[size_t(i)] = c;
         ++conta[size_t(c) + 1];
     }
     for (size_t c = 0; c < nCelle; ++c) conta[c + 1] += conta[c];
     q.inizioPunti = conta;
     q.punti_.resize(size_t(conta[nCelle]));
-    for (qsizetype i = 0; i < g.Punti.size(); ++i)
+    for (qsizetype i = 0; i < nPunti; ++i)
         if (cellaPunto[size_t(i)] >= 0)
             q.punti_[size_t(conta[size_t(cellaPunto[size_t(i)])]++)] = int(i);
 
     std::fill(conta.begin(), conta.end(), 0);
-    auto scatola = [&](const LineaGrafica& l, int& cx0, int& cy0, int& cx1, int& cy1) {
-        cx0 = q.Cella(std::min(l.X1, l.X2), q.x0, q.nx);
-        cx1 = q.Cella(std::max(l.X1, l.X2), q.x0, q.nx);
-        cy0 = q.Cella(std::min(l.Y1, l.Y2), q.y0, q.ny);
-        cy1 = q.Cella(std::max(l.Y1, l.Y2), q.y0, q.ny);
-        return qint64(cx1 - cx0 + 1) * (cy1 - cy0 + 1) <= 16;
+    // Each line's cells, worked out once for the counting and the filling (-1: not placed).
+    struct Celle {
+        qint16 x0 = -1, y0 = 0, x1 = 0, y1 = 0;
     };
+    std::vector<Celle> celleLinea(size_t(g.Linee.size()));
     for (qsizetype i = 0; i < g.Linee.size(); ++i) {
         const LineaGrafica& l = g.Linee[i];
         if (!Finito(l.X1, l.Y1) || !Finito(l.X2, l.Y2)) continue;
-        int cx0, cy0, cx1, cy1;
-        if (!scatola(l, cx0, cy0, cx1, cy1)) {
+        const int cx0 = q.Cella(std::min(l.X1, l.X2), q.x0, q.nx);
+        const int cx1 = q.Cella(std::max(l.X1, l.X2), q.x0, q.nx);
+        const int cy0 = q.Cella(std::min(l.Y1, l.Y2), q.y0, q.ny);
+        const int cy1 = q.Cella(std::max(l.Y1, l.Y2), q.y0, q.ny);
+        if (qint64(cx1 - cx0 + 1) * (cy1 - cy0 + 1) > 16) {
             q.lineeGrandi.push_back(int(i));
             continue;
         }
+        celleLinea[size_t(i)] = {qint16(cx0), qint16(cy0), qint16(cx1), qint16(cy1)};
         for (int cy = cy0; cy <= cy1; ++cy)
             for (int cx = cx0; cx <= cx1; ++cx) ++conta[size_t(cy * q.nx + cx) + 1];
     }
@@ -198,12 +201,10 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
     q.inizioLinee = conta;
     q.linee_.resize(size_t(conta[nCelle]));
     for (qsizetype i = 0; i < g.Linee.size(); ++i) {
-        const LineaGrafica& l = g.Linee[i];
-        if (!Finito(l.X1, l.Y1) || !Finito(l.X2, l.Y2)) continue;
-        int cx0, cy0, cx1, cy1;
-        if (!scatola(l, cx0, cy0, cx1, cy1)) continue;
-        for (int cy = cy0; cy <= cy1; ++cy)
-            for (int cx = cx0; cx <= cx1; ++cx)
+        const Celle& k = celleLinea[size_t(i)];
+        if (k.x0 < 0) continue;
+        for (int cy = k.y0; cy <= k.y1; ++cy)
+            for (int cx = k.x0; cx <= k.x1; ++cx)
                 q.linee_[size_t(conta[size_t(cy * q.nx + cx)]++)] = int(i);
     }
     return r;
@@ -211,18 +212,18 @@ std::shared_ptr<const GrigliaGrafica> FaiGriglia(const ModelloGrafica& g) {
 
 // The records of the cells that the world rectangle reaches, in the order of the tables; false
 // when the rectangle covers so much of the grid that the whole tables are as quick.
-bool Candidati(ModelloGrafica& g, double qx0, double qy0, double qx1, double qy1,
-               double margineTesti, double margineLinee, double margineSegni,
+bool Candidati(ModelloGrafica& g, const SchedePunti& schede, double qx0, double qy0, double qx1,
+               double qy1, double margineTesti, double margineLinee, double margineSegni,
                std::vector<int>& punti, std::vector<int>& linee) {
     if (g.Punti.size() + g.Linee.size() < 20000) return false;
-    // A view over much of the drawing's box visits most records anyway: no grid is made for it
-    // (the first picture of a sheet is such a view).
+    // A view over much of the drawing's box visits most records anyway: the grid does not
+    // choose them (the first picture of a sheet is such a view).
     const VistaGrafica& v = *g.Vista;
     const double area = (v.XMax - v.XMin) * (v.YMax - v.YMin);
     const double sx = std::min(qx1, v.XMax) - std::max(qx0, v.XMin);
     const double sy = std::min(qy1, v.YMax) - std::max(qy0, v.YMin);
     if (std::isfinite(area) && area > 0 && sx > 0 && sy > 0 && sx * sy * 4 > area) return false;
-    if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g);
+    if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g, schede);
     const GrigliaGrafica& q = *g.Griglia;
     const double m =
         std::max({PortataTesto(q.caratteriMassimi, margineTesti * q.portataTesti, margineLinee),
@@ -341,14 +342,17 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     const bool ritaglia = opzioni.ritaglia;
     const double cx = v.CentroX, cy = v.CentroY;
 
+    // What the passes read of each point, packed once per version of the tables.
+    const SchedePunti& sp = Schede(g);
+
     // On a part of a large sheet only the records of the cells in view are visited, in the
     // order of the tables and with the same tests: the strokes are those of the whole walk.
     std::vector<int> soloPunti, soloLinee;
     const double raggio = a / 400;
-    const bool parte =
-        ritaglia && opzioni.griglia &&
-        Candidati(g, cx + vis.x0, cy + vis.y0, cx + vis.x1, cy + vis.y1, 20 / twips * mondoPerPixel,
-                  mondoPerPixel, raggio + 2 * mondoPerPixel, soloPunti, soloLinee);
+    const bool parte = ritaglia && opzioni.griglia &&
+                       Candidati(g, sp, cx + vis.x0, cy + vis.y0, cx + vis.x1, cy + vis.y1,
+                                 20 / twips * mondoPerPixel, mondoPerPixel,
+                                 raggio + 2 * mondoPerPixel, soloPunti, soloLinee);
     // Strokes in their order, or from the last to a Tela that lays them underneath: then each
     // pass runs backwards and the passes come in the reverse order.
     bool rovescio = false;
@@ -396,9 +400,6 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
             perOgni(g.Linee, soloLinee, linea);
     };
 
-    // What the passes read of each point, packed once per version of the tables.
-    bool tabelleNuove = false;
-    const SchedePunti& sp = Schede(g, tabelleNuove);
     const std::vector<quint8>& tipo = sp.tipo;
     const std::vector<SchedePunti::Scheda>& schede = sp.schede;
 
@@ -454,15 +455,14 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     auto etichette = [&] { testi(SchedePunti::kEtichetta, false); };
 
     // Before the markers, from the last: where the Tela is already wholly taken. On a large
-    // sheet seen whole most of it is by then, and the grid of the records' places (made from
-    // the second picture of the same tables on, not to slow the first) gives the markers and
-    // the lines that may still show.
+    // sheet seen whole most of it is by then, and the grid of the records' places (made with
+    // the first picture, so that the first zoom step finds it) gives the markers and the lines
+    // that may still show.
     auto copri = [&] {
         copertura = tela.MappaCoperture(coperture);
-        if (!copertura || parte || !opzioni.griglia || tabelleNuove ||
-            g.Punti.size() + g.Linee.size() < 20000)
+        if (!copertura || parte || !opzioni.griglia || g.Punti.size() + g.Linee.size() < 20000)
             return;
-        if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g);
+        if (!g.Griglia || !(g.Griglia->impronta == Impronta(g))) g.Griglia = FaiGriglia(g, sp);
         const GrigliaGrafica& q = *g.Griglia;
         const double marginePixel = std::max(3, std::min(q.spessoreMassimo, 100) + 2);
         Scoperti(q, coperture, cx, cy, raggio, marginePixel, g.Punti.size(), g.Linee.size(),

@@ -315,8 +315,8 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
     }
     // A sheet seen whole on a small canvas, where the names cover every pixel many times: in
     // order, most glyphs fall on tiles already of their colour and are passed over; from the
-    // last, most pixels are taken early, and from the second picture of the same tables on the
-    // markers and lines of cells already wholly taken are not given at all. The same picture
+    // last, most pixels are taken early, and the markers and lines of cells already wholly
+    // taken are not given at all. The same picture
     // three ways at each step; names changed in place (and counted) are drawn anew with the
     // glyphs kept; and a text only the painter can set makes the Tela give up its way, and the
     // drawing start again in order.
@@ -475,7 +475,7 @@ TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
             TelaImmagine t(im, dpi, &glifi);
             BV_RidisegnaGrafica(g, t);
         }
-        // A large table a second time: the grid of its places leaves out what is taken.
+        // A large table a second time, with its glyphs and the grid of its places kept.
         if (grande) {
             TelaImmagine t(im, dpi, &glifi);
             BV_RidisegnaGrafica(g, t);
