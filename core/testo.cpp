@@ -21,17 +21,6 @@ const char16_t kAlti[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x20
                             0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                             0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-int CodiceWindows1252(char16_t c) {
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
-    if (c >= 0x80 && c <= 0x9F) {
-        // Undefined bytes come back as themselves.
-        return kAlti[c - 0x80] == 0 ? c : -1;
-    }
-    for (int i = 0; i < 32; ++i)
-        if (kAlti[i] == c) return 0x80 + i;
-    return -1;
-}
-
 QChar CambiaCaso(QChar c, bool maiuscolo) {
     QChar altro = maiuscolo ? c.toUpper() : c.toLower();
     if (altro == c) return c;
@@ -290,6 +279,17 @@ QString CStr(double valore) {
     char buf[64];
     auto r = std::to_chars(buf, buf + sizeof buf, valore, std::chars_format::general, 15);
     return QString::fromLatin1(buf, int(r.ptr - buf)).toUpper();
+}
+
+int CodiceWindows1252(char16_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
+    if (c >= 0x80 && c <= 0x9F) {
+        // Undefined bytes come back as themselves.
+        return kAlti[c - 0x80] == 0 ? c : -1;
+    }
+    for (int i = 0; i < 32; ++i)
+        if (kAlti[i] == c) return 0x80 + i;
+    return -1;
 }
 
 QString DaWindows1252(const QByteArray& byte) {

@@ -59,5 +59,7 @@ QString CStr(double valore);
 // map to the control character of the same value; characters outside 1252 become '?'.
 QString DaWindows1252(const QByteArray& byte);
 QByteArray AWindows1252(const QString& testo);
+// The byte of a character in Windows-1252, or -1 when the code page has none for it.
+int CodiceWindows1252(char16_t c);
 
 } // namespace tavolet

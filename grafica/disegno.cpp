@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <atomic>
 #include <bit>
-
 #include <climits>
 #include <cmath>
 #include <vector>

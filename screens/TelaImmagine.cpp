@@ -1,6 +1,7 @@
 #include "TelaImmagine.h"
 
 #include "TelaQt.h"
+#include "testo.h"
 
 #include <QFontMetricsF>
 
@@ -23,19 +24,14 @@ inline int Arrotonda(double v) {
     return int(std::floor(v + 0.5));
 }
 
-// The characters of Windows-1252 above Latin-1 (quotes, dashes, the euro...): a toponym read
-// from an extract may well carry them, and each stands alone like a Latin letter.
-bool Di1252(char16_t c) {
-    static constexpr char16_t kAltri[] = {0x20AC, 0x201A, 0x201E, 0x2026, 0x2020, 0x2021,
-                                          0x2030, 0x2039, 0x2018, 0x2019, 0x201C, 0x201D,
-                                          0x2022, 0x2013, 0x2014, 0x2122, 0x203A};
-    return std::find(std::begin(kAltri), std::end(kAltri), c) != std::end(kAltri);
-}
-
 // Text the glyphs cannot carry: controls, surrogates, marks and the scripts that join or turn.
+// The quotes, dashes and euro of Windows-1252 stand alone like Latin letters (a toponym read
+// from an extract may well carry them).
 bool SoloSemplice(const QString& t) {
-    for (QChar c : t)
-        if (c.unicode() < 0x20 || (c.unicode() >= 0x0300 && !Di1252(c.unicode()))) return false;
+    for (QChar c : t) {
+        const char16_t u = c.unicode();
+        if (u < 0x20 || (u >= 0x0300 && CodiceWindows1252(u) < 0)) return false;
+    }
     return true;
 }
 

@@ -19,7 +19,6 @@
 #include <climits>
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <unordered_map>
 #include <vector>
 
