@@ -148,9 +148,6 @@ TEST_F(Disegno, QuelloCheCadeFuoriDallaTelaNonVienePassato) {
     EXPECT_EQ(tenuti, tela.tratti.size());
 }
 
-// On a large sheet a view of a part visits only the records of the grid's cells near it: the
-// strokes are those of the walk over the whole tables, call for call, wherever the view goes
-// (inside, on the edges, off the sheet), with odd records among them and after a reload.
 // A Tela that takes the strokes from the last, and may give up at the end.
 class TelaAlRovescio : public TelaRegistratore {
 public:
@@ -162,8 +159,10 @@ public:
     }
 };
 
-// The grid visits only the records near the view, and a Tela that lays strokes underneath
-// gets them from the last: the same strokes either way.
+// On a large sheet a view of a part visits only the records of the grid's cells near it, and a
+// Tela that lays strokes underneath gets them from the last: the strokes are those of the walk
+// over the whole tables in order, call for call, wherever the view goes (inside, on the edges,
+// off the sheet), with odd records among them and after a reload.
 TEST_F(Disegno, LaGrigliaEIlRovescioDannoGliStessiTratti) {
     auto uguali = [](const QList<Tratto>& a, const QList<Tratto>& b) {
         if (a.size() != b.size()) return false;
