@@ -6,6 +6,7 @@
 #include "unisci.h"
 #include "zip.h"
 
+#include "file_testo.h"
 #include "piattaforma_finta.h"
 #include "stato.h"
 #include "testo.h"
@@ -20,6 +21,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 using namespace tavolet;
 
@@ -141,9 +143,43 @@ void CxfFoglioDiRoma(benchmark::State& s) {
     for (auto _ : s) benchmark::DoNotOptimize(ComponiEmpDaCxf(stato, cxf, {}).emp.size());
 }
 
-void UnisciEstratti(benchmark::State& s) {
-    const test::CoppiaEstratti c = test::GeneraCoppia(3, int(s.range(0)));
-    for (auto _ : s) benchmark::DoNotOptimize(UnisciTestiEstratti(c.base, c.aggiunto).size());
+// Two generated extracts joined file to file, as "tavolet-cli estratto unisci" does, against a
+// plain copy of both files timed in the same iterations (the counter volte_copia). Argument 1:
+// two independent extracts of that many vertices; 0: a pair made to overlap, with merges.
+void UnisciFile(benchmark::State& s) {
+    QTemporaryDir dir;
+    const QString a = dir.filePath("A.EMP"), b = dir.filePath("B.EMP");
+    const int vertici = int(s.range(0));
+    const test::CoppiaEstratti c =
+        s.range(1) ? test::CoppiaEstratti{test::GeneraEstratto({vertici, 11, false}),
+                                          test::GeneraEstratto({vertici, 12, false})}
+                   : test::GeneraCoppia(3, vertici);
+    for (const auto& [file, testo] : {std::pair(a, c.base), std::pair(b, c.aggiunto)}) {
+        QFile f(file);
+        f.open(QIODevice::WriteOnly);
+        f.write(AWindows1252(testo));
+    }
+    PiattaformaFinta piattaforma;
+    Stato stato(piattaforma);
+    using Orologio = std::chrono::steady_clock;
+    Orologio::duration unione{}, copiatura{};
+    for (auto _ : s) {
+        const auto inizio = Orologio::now();
+        ScriviByte(dir.filePath("U.EMP"), UnisciEstratti(LeggiByte(a), LeggiByte(b)));
+        const auto mezzo = Orologio::now();
+        s.PauseTiming();
+        const auto inizioCopia = Orologio::now();
+        for (const QString& file : {a, b}) {
+            QFile::remove(file + ".COPIA");
+            QFile::copy(file, file + ".COPIA");
+        }
+        copiatura += Orologio::now() - inizioCopia;
+        s.ResumeTiming();
+        unione += mezzo - inizio;
+    }
+    s.counters["volte_copia"] =
+        copiatura.count() > 0 ? double(unione.count()) / double(copiatura.count()) : 0.0;
+    s.SetBytesProcessed(int64_t(s.iterations()) * (QFileInfo(a).size() + QFileInfo(b).size()));
 }
 
 } // namespace
@@ -152,19 +188,21 @@ BENCHMARK(RiscriviFile)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(RiscriviFileLeggendo)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CopiaFile)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CxfFoglioDiRoma)->Unit(benchmark::kMillisecond);
-BENCHMARK(UnisciEstratti)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UnisciFile)->Args({50000, 1})->Args({50000, 0})->Unit(benchmark::kMillisecond);
 BENCHMARK(LeggiEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ScriviEstratto)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ZipDieciMega)->Unit(benchmark::kMillisecond);
 
-// "bench_estratti --scrivi FILE [VERTICI]" only writes the generated extract (100,000 vertices
-// unless told), for timing tavolet-cli against cp on it; anything else runs the benchmarks.
+// "bench_estratti --scrivi FILE [VERTICI [SEME]]" only writes the generated extract (100,000
+// vertices and seed 11 unless told), for timing tavolet-cli against cp on it; anything else runs
+// the benchmarks.
 int main(int argc, char** argv) {
     if (argc >= 3 && std::string_view(argv[1]) == "--scrivi") {
         const int vertici = argc >= 4 ? std::atoi(argv[3]) : 100000;
+        const unsigned seme = argc >= 5 ? unsigned(std::atoi(argv[4])) : 11;
         QFile f(QString::fromLocal8Bit(argv[2]));
         if (vertici <= 0 || !f.open(QIODevice::WriteOnly) ||
-            f.write(AWindows1252(Testo(vertici))) < 0) {
+            f.write(AWindows1252(test::GeneraEstratto({vertici, seme, false}))) < 0) {
             std::fprintf(stderr, "non scritto: %s\n", argv[2]);
             return 1;
         }

@@ -147,10 +147,9 @@ const Registra unisci({{"estratto", "unisci"},
                            const QString out = PercorsoArgomento(c.argomenti[2]);
                            return ConTrappola(c.stato, QStringLiteral("UnisciDueEstratti"),
                                               [&] {
-                                                  const QString testo = UnisciTestiEstratti(
-                                                      LeggiTesto(Estratto1(c)),
-                                                      LeggiTesto(EstrattoN(c, 1)));
-                                                  ScriviTesto(out, testo);
+                                                  ScriviByte(out, UnisciEstratti(
+                                                                      LeggiByte(Estratto1(c)),
+                                                                      LeggiByte(EstrattoN(c, 1))));
                                               })
                                       ? 0
                                       : 1;

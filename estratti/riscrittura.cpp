@@ -3,6 +3,8 @@
 // the short lists become rows of text. Whatever this way does not describe goes the long way.
 #include "estratto.h"
 
+#include "byte.h"
+
 #include "errore.h"
 #include "file_testo.h"
 #include "interno.h"
@@ -55,78 +57,6 @@ struct Pezzo {
     qsizetype inizio, lunghezza;
     bool proprio; // in the buffer of the pieces, not in the bytes of the file
 };
-
-using Byte = std::string_view;
-
-// The bars are looked for in short rows, where a plain loop beats memchr.
-inline size_t Barra(Byte s, size_t da) {
-    for (size_t i = da; i < s.size(); ++i)
-        if (s[i] == '|') return i;
-    return Byte::npos;
-}
-inline size_t BarraIndietro(Byte s, size_t da) {
-    if (s.empty()) return Byte::npos;
-    for (size_t i = std::min(da, s.size() - 1) + 1; i-- > 0;)
-        if (s[i] == '|') return i;
-    return Byte::npos;
-}
-
-bool Cifra(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// Val of a field: the plain decimal form read at once, anything else by the runtime's Val.
-double ValCampo(Byte t) {
-    size_t i = 0;
-    if (i < t.size() && t[i] == '-') ++i;
-    size_t cifre = 0, punto = 0;
-    for (size_t k = i; k < t.size(); ++k) {
-        if (Cifra(t[k]))
-            ++cifre;
-        else if (t[k] == '.' && !punto)
-            punto = 1;
-        else {
-            cifre = 0;
-            break;
-        }
-    }
-    if (cifre > 0 && cifre < 300 && t.size() > i && Cifra(t[i])) {
-        double v = 0;
-        const auto r = std::from_chars(t.data(), t.data() + t.size(), v);
-        if (r.ec == std::errc() && r.ptr == t.data() + t.size()) return v;
-    }
-    return Val(QString::fromLatin1(t.data(), qsizetype(t.size())));
-}
-
-// The number of an id "<n>%" without leading zeros, or -1 (as the renumbering reads it).
-qint64 NumeroId(Byte id, size_t massimo) {
-    if (id.size() < 2 || id.size() > massimo || id.back() != '%' || id.front() == '0') return -1;
-    qint64 n = 0;
-    for (size_t k = 0; k + 1 < id.size(); ++k) {
-        if (!Cifra(id[k])) return -1;
-        n = n * 10 + (id[k] - '0');
-    }
-    return n;
-}
-
-// Where the line that starts at i ends: at the first CR or LF, or at n.
-inline qsizetype FineRiga(const char* d, qsizetype i, qsizetype n) {
-    const void* lf = std::memchr(d + i, '\n', size_t(n - i));
-    const qsizetype j = lf ? static_cast<const char*>(lf) - d : n;
-    const void* cr = std::memchr(d + i, '\r', size_t(j - i));
-    return cr ? static_cast<const char*>(cr) - d : j;
-}
-
-// Every occurrence of cerca taken out, left to right.
-void Togli(std::string& s, Byte cerca) {
-    std::string r;
-    r.reserve(s.size());
-    size_t da = 0;
-    for (size_t p; (p = s.find(cerca, da)) != std::string::npos; da = p + cerca.size())
-        r.append(s, da, p - da);
-    r.append(s, da, std::string::npos);
-    s.swap(r);
-}
 
 class Riscrittura {
 public:

@@ -1,8 +1,10 @@
-// Joining extracts. The merge looks for near points through a grid instead of comparing every
-// pair: a comune's extracts reach a hundred thousand vertices.
+// Joining extracts over the bytes of the two files. The merge looks for near points through a
+// grid instead of comparing every pair, and the rings are renamed through one table: a comune's
+// extracts reach a hundred thousand vertices.
 #include "unisci.h"
 
 #include "archivio.h"
+#include "byte.h"
 
 #include "errore.h"
 #include "file_testo.h"
@@ -14,7 +16,10 @@
 #include <QDir>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tavolet {
@@ -23,195 +28,320 @@ using namespace estratti;
 
 namespace {
 
-const QString kTestaAutoallestito = QStringLiteral("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
+const Byte kTestaAutoallestito = "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n";
 
-bool Escluso(const QString& riga) {
-    return riga.contains(u'T') || riga.contains(u'L') || riga.contains(u'P');
-}
-
-// The first row of a ring with its continuation rows, as the extract reader gathers them.
-QString Raccogli(const QStringList& righe) {
-    const QStringList campi = Split(righe[0], kBarra);
-    const qsizetype n = campi.size() - 1;
-    QString unita;
-    for (qsizetype k = 0; k <= n - 5; ++k) unita += campi[k] + kBarra;
-    for (qsizetype i = 1; i < righe.size(); ++i)
-        unita += Replace(Replace(righe[i], QStringLiteral("7|0|"), QString()),
-                         QStringLiteral("NC|"), QString());
-    for (qsizetype k = n - 4; k <= n - 1; ++k) unita += Campo(campi, k) + kBarra;
-    return unita;
-}
-
-struct Letto {
-    QStringList punti, anelli;
-    double ultimo = 0; // the number of the last point read
+struct Punto {
+    double nord, est;
+    Byte id;
+    Byte coordinate; // fields 2 and 3 as written, with the bar between them
 };
 
-Letto Leggi(const QString& testo) {
-    Letto l;
-    QStringList anello;
-    bool escluso = false;
-    auto chiudi = [&] {
-        if (!anello.isEmpty() && !escluso) l.anelli.append(Raccogli(anello));
-        anello.clear();
-        escluso = false;
-    };
-    const QStringList righe = RigheDiTesto(testo);
-    for (qsizetype i = 1; i < righe.size(); ++i) {
-        const QString& riga = righe[i];
-        const double tipo = TipoRigaEstratto(riga);
-        if (tipo == 8 && riga.contains(u'%')) {
-            qsizetype inizio, fine;
-            CampoUno(riga, inizio, fine);
-            l.ultimo = Val(riga.mid(inizio, fine - inizio));
-            l.punti.append(riga);
-        } else if (tipo == 7) {
-            const QStringList campi = Split(riga, kBarra);
-            if (Val(Campo(campi, 1)) > 0) {
-                chiudi();
-                anello.append(riga);
-                escluso = Escluso(riga);
-            } else if (!anello.isEmpty()) {
-                anello.append(riga);
-                escluso = escluso || Escluso(riga);
-            }
-            // A continuation row with no ring before it belongs to nothing.
+// A ring: its first row and its continuation rows, which lie in a list of their own.
+struct Anello {
+    Byte primo;
+    size_t seguiti, quanti;
+};
+
+// For an id, the first point of the extract that bears it. Ids "<n>%" of plain numbers not
+// far above the count of points are looked up by number.
+class Indice {
+public:
+    void Prepara(qsizetype punti) { limite_ = 8 * punti + 1024; }
+    void Aggiungi(Byte id, int punto) {
+        const qint64 n = NumeroId(id, 11);
+        if (n >= 0 && n <= limite_) {
+            if (size_t(n) >= numeri_.size()) numeri_.resize(size_t(n) + 1 + numeri_.size(), -1);
+            if (numeri_[size_t(n)] < 0) numeri_[size_t(n)] = punto;
+        } else {
+            altri_.try_emplace(id, punto); // the first one wins
         }
     }
-    chiudi();
-    return l;
+    int Trova(Byte id) const {
+        const qint64 n = NumeroId(id, 11);
+        if (n >= 0 && n <= limite_) return size_t(n) < numeri_.size() ? numeri_[size_t(n)] : -1;
+        if (altri_.empty()) return -1;
+        const auto it = altri_.find(id);
+        return it == altri_.end() ? -1 : it->second;
+    }
+
+private:
+    qint64 limite_ = 0;
+    std::vector<int> numeri_;
+    std::unordered_map<Byte, int> altri_;
+};
+
+bool Escluso(Byte riga) {
+    return riga.find_first_of("TLP") != Byte::npos;
 }
 
-// Every field ending in "%" moved on by n.
-QString Sposta(const QString& riga, double n) {
-    QStringList campi = Split(riga, kBarra);
-    for (QString& c : campi)
-        if (c.endsWith(u'%')) c = CStr(Val(c) + n) + u'%';
-    return Join(campi, kBarra);
+// Val(field) > 0, without the full read for a field of plain digits.
+bool Positivo(Byte campo) {
+    bool cifre = !campo.empty(), nonZero = false;
+    for (char c : campo) {
+        cifre = cifre && Cifra(c);
+        nonZero = nonZero || (c >= '1' && c <= '9');
+    }
+    return cifre ? nonZero : ValTesto(campo) > 0;
 }
 
-Unione::Punto Punto(const QString& riga) {
-    const QStringList campi = Split(riga, kBarra);
-    Unione::Punto p;
-    p.riga = riga;
-    p.id = Campo(campi, 1);
-    p.nord = Val(Campo(campi, 2));
-    p.est = Val(Campo(campi, 3));
-    return p;
-}
+// The kept rows of one extract, in the order of the file.
+struct Lato {
+    std::vector<Anello> anelli;
+    std::vector<Byte> seguiti;
+    Indice indice;
+    double massimo = 0; // the highest number of a point, read for the first extract only
+    int primo = 0;      // where its points start in the joined list
 
-// Cells a little wider than the tolerance, so that the rounding of the quotient cannot put two
-// points closer than the tolerance two cells apart. Coordinates too large for the grid are
-// compared with every point.
-constexpr double kCella = kTolleranzaUnione * 1.01;
+    void Leggi(const QByteArray& dati, bool base, std::vector<Punto>& punti) {
+        primo = int(punti.size());
+        // Room for the rows at once: counted by line feeds.
+        punti.reserve(punti.size() + size_t(dati.count('\n')) + 1);
+        bool testa = true, aperto = false, escluso = false;
+        Anello anello{};
+        auto chiudi = [&] {
+            if (aperto && !escluso) {
+                int barre = 0;
+                for (char c : anello.primo) barre += c == '|';
+                if (barre < 4) throw Errore(9);
+                anelli.push_back(anello);
+            } else if (aperto) {
+                seguiti.resize(anello.seguiti);
+            }
+            aperto = false;
+        };
+        PerRiga(dati, [&](Byte riga) {
+            if (testa) {
+                testa = false;
+                return;
+            }
+            double tipo;
+            if (riga.size() >= 2 && riga[1] == '|' && Cifra(riga[0]))
+                tipo = riga[0] - '0';
+            else
+                tipo = ValTesto(riga);
+            if (tipo == 8) {
+                if (riga.find('%') == Byte::npos) return;
+                const size_t b1 = Barra(riga, 0);
+                const size_t b2 = b1 == Byte::npos ? b1 : Barra(riga, b1 + 1);
+                const size_t b3 = b2 == Byte::npos ? b2 : Barra(riga, b2 + 1);
+                if (b3 == Byte::npos) throw Errore(9);
+                size_t b4 = Barra(riga, b3 + 1);
+                if (b4 == Byte::npos) b4 = riga.size();
+                if (base) {
+                    const Byte id = riga.substr(b1 + 1, b2 - b1 - 1);
+                    const qint64 n = NumeroId(id, 16);
+                    const double numero = n >= 0 ? double(n) : ValCampo(id);
+                    massimo = punti.size() == size_t(primo) ? numero : std::max(massimo, numero);
+                }
+                punti.push_back({ValCampo(riga.substr(b2 + 1, b3 - b2 - 1)),
+                                 ValCampo(riga.substr(b3 + 1, b4 - b3 - 1)),
+                                 riga.substr(b1 + 1, b2 - b1 - 1),
+                                 riga.substr(b2 + 1, b4 - b2 - 1)});
+            } else if (tipo == 7) {
+                const size_t b1 = Barra(riga, 0);
+                if (b1 == Byte::npos) throw Errore(9);
+                size_t b2 = Barra(riga, b1 + 1);
+                if (b2 == Byte::npos) b2 = riga.size();
+                if (Positivo(riga.substr(b1 + 1, b2 - b1 - 1))) {
+                    chiudi();
+                    anello = {riga, seguiti.size(), 0};
+                    aperto = true;
+                    escluso = Escluso(riga);
+                } else if (aperto) {
+                    seguiti.push_back(riga);
+                    ++anello.quanti;
+                    escluso = escluso || Escluso(riga);
+                }
+            }
+        });
+        chiudi();
+        indice.Prepara(qsizetype(punti.size()) - primo);
+        for (size_t i = size_t(primo); i < punti.size(); ++i) indice.Aggiungi(punti[i].id, int(i));
+    }
+};
+
+// Cells at least two and a half tolerances wide: the square of a tolerance around a point
+// meets one or two of them along each axis, and the bounds of that square, taken a little
+// wider, find them even after the rounding of the quotients. Coordinates too large for the
+// grid are compared with every point.
+constexpr double kCella = kTolleranzaUnione * 2.5;
+constexpr double kMargine = kTolleranzaUnione * 1.01;
 constexpr double kLimiteGriglia = 1e9;
 
-struct Griglia {
-    struct Voce {
-        qint64 x, y;
-        int indice;
-        bool operator<(const Voce& o) const {
-            return x != o.x ? x < o.x : y != o.y ? y < o.y : indice < o.indice;
-        }
-    };
-    std::vector<Voce> celle;
-    std::vector<int> fuori; // ascending
-    const QList<Unione::Punto>* punti = nullptr;
-
-    static bool InGriglia(const Unione::Punto& p) {
-        return std::fabs(p.est) <= kLimiteGriglia && std::fabs(p.nord) <= kLimiteGriglia;
-    }
-    static qint64 Cella(double v) { return qint64(std::floor(v / kCella)); }
-
-    explicit Griglia(const QList<Unione::Punto>& lista) : punti(&lista) {
-        celle.reserve(size_t(lista.size()));
-        for (int i = 0; i < int(lista.size()); ++i) {
-            const Unione::Punto& p = lista[i];
+class Griglia {
+public:
+    // The points [da, a) of the list.
+    Griglia(const std::vector<Punto>& punti, int da, int a) : punti_(punti), da_(da), a_(a) {
+        voci_.reserve(size_t(a - da));
+        for (int i = da; i < a; ++i) {
+            const Punto& p = punti[size_t(i)];
             if (InGriglia(p))
-                celle.push_back({Cella(p.est), Cella(p.nord), i});
+                voci_.push_back({Cella(p.est), Cella(p.nord), i});
             else
-                fuori.push_back(i);
+                fuori_.push_back(i);
         }
-        std::sort(celle.begin(), celle.end());
+        std::sort(voci_.begin(), voci_.end(), [](const Voce& u, const Voce& v) {
+            return u.x != v.x ? u.x < v.x : u.y != v.y ? u.y < v.y : u.indice < v.indice;
+        });
+        size_t dimensione = 64;
+        while (dimensione < 2 * voci_.size()) dimensione *= 2;
+        celle_.assign(dimensione, {0, 0, 0, 0});
+        for (size_t k = 0; k < voci_.size();) {
+            size_t fine = k + 1;
+            while (fine < voci_.size() && voci_[fine].x == voci_[k].x &&
+                   voci_[fine].y == voci_[k].y)
+                ++fine;
+            size_t h = Hash(voci_[k].x, voci_[k].y);
+            while (celle_[h].fine != 0) h = (h + 1) & (celle_.size() - 1);
+            celle_[h] = {voci_[k].x, voci_[k].y, quint32(k), quint32(fine)};
+            k = fine;
+        }
     }
 
-    // The first point of the list, of index above dopo, closer than the tolerance to p.
-    int Primo(const Unione::Punto& p, int dopo) const {
-        const QList<Unione::Punto>& l = *punti;
-        auto vicino = [&](int j) {
-            return DistanzaPunti(p.nord, p.est, l[j].nord, l[j].est) < kTolleranzaUnione;
-        };
+    // The first point of index above dopo closer than the tolerance to p, or -1.
+    int Primo(const Punto& p, int dopo) const {
         int migliore = -1;
         auto prova = [&](int j) {
-            if (j > dopo && (migliore < 0 || j < migliore) && vicino(j)) migliore = j;
+            if (DistanzaPunti(p.nord, p.est, punti_[size_t(j)].nord, punti_[size_t(j)].est) >=
+                kTolleranzaUnione)
+                return false;
+            migliore = j;
+            return true;
         };
         if (!InGriglia(p)) {
-            for (int j = dopo + 1; j < int(l.size()); ++j)
-                if (vicino(j)) return j;
+            for (int j = std::max(dopo + 1, da_); j < a_; ++j)
+                if (prova(j)) return j;
             return -1;
         }
-        const qint64 cx = Cella(p.est), cy = Cella(p.nord);
-        for (qint64 dx = -1; dx <= 1; ++dx) {
-            for (qint64 dy = -1; dy <= 1; ++dy) {
-                auto it =
-                    std::lower_bound(celle.begin(), celle.end(), Voce{cx + dx, cy + dy, dopo + 1});
-                for (; it != celle.end() && it->x == cx + dx && it->y == cy + dy; ++it) {
+        const qint64 x0 = Cella(p.est - kMargine), x1 = Cella(p.est + kMargine);
+        const qint64 y0 = Cella(p.nord - kMargine), y1 = Cella(p.nord + kMargine);
+        for (qint64 x = x0; x <= x1; ++x) {
+            for (qint64 y = y0; y <= y1; ++y) {
+                size_t h = Hash(x, y);
+                while (celle_[h].fine != 0 && (celle_[h].x != x || celle_[h].y != y))
+                    h = (h + 1) & (celle_.size() - 1);
+                const CellaG& c = celle_[h];
+                if (c.fine == 0) continue;
+                auto it = std::upper_bound(voci_.begin() + c.inizio, voci_.begin() + c.fine, dopo,
+                                           [](int d, const Voce& v) { return d < v.indice; });
+                for (; it != voci_.begin() + c.fine; ++it) {
                     if (migliore >= 0 && it->indice >= migliore) break;
-                    prova(it->indice);
+                    if (prova(it->indice)) break;
                 }
             }
         }
-        for (int j : fuori) {
+        for (int j : fuori_) {
+            if (j <= dopo) continue;
             if (migliore >= 0 && j >= migliore) break;
-            prova(j);
+            if (prova(j)) break;
         }
         return migliore;
     }
+
+private:
+    struct Voce {
+        qint64 x, y;
+        int indice;
+    };
+    struct CellaG {
+        qint64 x, y;
+        quint32 inizio, fine; // fine 0: an empty slot
+    };
+    static bool InGriglia(const Punto& p) {
+        return std::fabs(p.est) <= kLimiteGriglia && std::fabs(p.nord) <= kLimiteGriglia;
+    }
+    static qint64 Cella(double v) { return qint64(std::floor(v / kCella)); }
+    size_t Hash(qint64 x, qint64 y) const {
+        quint64 h = quint64(x) * 0x9E3779B97F4A7C15ULL ^ quint64(y) * 0xC2B2AE3D27D4EB4FULL;
+        h ^= h >> 31;
+        return size_t(h) & (celle_.size() - 1);
+    }
+    const std::vector<Punto>& punti_;
+    int da_, a_;
+    std::vector<Voce> voci_;
+    std::vector<CellaG> celle_;
+    std::vector<int> fuori_; // ascending
 };
 
-void Fondi(Unione& u, QList<Unione::Punto>& da, const QList<Unione::Punto>& in, bool stessa) {
-    const Griglia griglia(in);
-    for (int i = 0; i < int(da.size()); ++i) {
-        Unione::Punto& a = da[i];
-        if (a.vuoto) continue;
-        const int j = griglia.Primo(a, stessa ? i : -1);
-        if (j < 0) continue;
-        a.vuoto = true;
-        u.sostituzioni.append({a.id, in[j].id});
+void MettiNumero(std::string& uscita, qint64 n) {
+    char cifre[24];
+    const auto r = std::to_chars(cifre, cifre + sizeof cifre, n);
+    uscita.append(cifre, size_t(r.ptr - cifre));
+}
+
+void MettiTesto(std::string& uscita, const QString& testo) {
+    const QByteArray b = AWindows1252(testo);
+    uscita.append(b.constData(), size_t(b.size()));
+}
+
+// A ring in one line, as the extract reader gathers it: the first row up to its style, the
+// continuation rows without "7|0|" and "NC|", the tail of the first row (up to its last bar).
+Byte Raccogli(const Anello& a, const std::vector<Byte>& seguiti, std::string& unito) {
+    const Byte primo = a.primo;
+    const size_t ultima = BarraIndietro(primo, primo.size() - 1);
+    if (a.quanti == 0) return primo.substr(0, ultima + 1);
+    size_t coda = ultima;
+    for (int k = 0; k < 4 && coda != Byte::npos; ++k)
+        coda = coda > 0 ? BarraIndietro(primo, coda - 1) : Byte::npos;
+    coda = coda == Byte::npos ? 0 : coda + 1;
+    unito.assign(primo.substr(0, coda));
+    std::string pezzo;
+    for (size_t k = a.seguiti; k < a.seguiti + a.quanti; ++k) {
+        pezzo.assign(seguiti[k]);
+        Togli(pezzo, "7|0|");
+        Togli(pezzo, "NC|");
+        unito += pezzo;
     }
+    unito.append(primo.substr(coda, ultima + 1 - coda));
+    return unito;
+}
+
+// A gathered ring as the extract writer lays it out: ten ids a row, the tail on the first,
+// "NC|" closing the continuation rows. rinomina(id, uscita) writes each id.
+template <typename Rinomina>
+void MettiAnello(Byte riga, std::string& uscita, std::vector<Byte>& campi, Rinomina&& rinomina) {
+    campi.clear();
+    for (size_t inizio = 0;;) {
+        const size_t barra = Barra(riga, inizio);
+        campi.push_back(riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio));
+        if (barra == Byte::npos) break;
+        inizio = barra + 1;
+    }
+    const size_t n = campi.size() - 1;
+    if (n < 6) throw Errore(9);
+    const size_t ids = n - 6;
+    if (ids == 0) return; // a ring of no point
+    auto coda = [&] {
+        for (size_t k = n - 4; k < n; ++k) {
+            uscita.append(campi[k]);
+            uscita += '|';
+        }
+    };
+    uscita.append("7|");
+    MettiNumero(uscita, qint64(ids));
+    uscita += '|';
+    for (size_t k = 0; k < ids; ++k) {
+        if (k > 0 && k % 10 == 0) {
+            if (k == 10)
+                coda();
+            else
+                uscita.append("NC|");
+            uscita.append("\r\n7|0|");
+        }
+        rinomina(campi[2 + k], uscita);
+        uscita += '|';
+    }
+    if (ids > 10)
+        uscita.append("NC|");
+    else
+        coda();
+    uscita.append("\r\n");
 }
 
 // Field 3 of the first line of an extract, empty when it has none.
 QString ComuneDi(const QString& percorso) {
     const QStringList righe = LeggiRighe(percorso);
     return Voce(Split(Voce(righe, 0), kBarra), 3);
-}
-
-// The replacements in their order on every field between two bars, each field as a whole: a
-// ring that names a point twice in a row keeps both references valid. Walking the pairs from
-// the last gives each id its final value at once.
-QStringList SostituisciOgniCampo(const QStringList& anelli,
-                                 const QList<std::pair<QString, QString>>& coppie) {
-    QHash<QString, QString> finale;
-    finale.reserve(coppie.size());
-    for (qsizetype i = coppie.size() - 1; i >= 0; --i) {
-        const auto& [vecchio, nuovo] = coppie[i];
-        const auto it = finale.constFind(nuovo);
-        // A copy: the insertion may move the hash's nodes, and the value with them.
-        const QString valore = it == finale.constEnd() ? nuovo : it.value();
-        finale.insert(vecchio, valore);
-    }
-    QStringList uscita;
-    uscita.reserve(anelli.size());
-    for (const QString& anello : anelli) {
-        QStringList campi = Split(anello, kBarra);
-        for (qsizetype k = 1; k + 1 < campi.size(); ++k) {
-            const auto it = finale.constFind(campi[k]);
-            if (it != finale.constEnd()) campi[k] = it.value();
-        }
-        uscita.append(Join(campi, kBarra));
-    }
-    return uscita;
 }
 
 } // namespace
@@ -221,70 +351,76 @@ double DistanzaPunti(double nord1, double est1, double nord2, double est2) {
     return std::sqrt(dn * dn + de * de);
 }
 
-Unione PreparaUnione(const QString& testoBase, const QString& testoAggiunto) {
-    const Letto base = Leggi(testoBase);
-    const Letto aggiunto = Leggi(testoAggiunto);
-    const double n = base.ultimo;
-    Unione u;
-    u.base.reserve(base.punti.size());
-    for (const QString& riga : base.punti) u.base.append(Punto(riga));
-    u.aggiunti.reserve(aggiunto.punti.size());
-    for (const QString& riga : aggiunto.punti) u.aggiunti.append(Punto(Sposta(riga, n)));
-    u.anelli = base.anelli;
-    for (const QString& riga : aggiunto.anelli) u.anelli.append(Sposta(riga, n));
-    return u;
-}
+QByteArray UnisciEstratti(const QByteArray& testoBase, const QByteArray& testoAggiunto) {
+    std::vector<Punto> punti;
+    Lato base, aggiunto;
+    base.Leggi(testoBase, true, punti);
+    aggiunto.Leggi(testoAggiunto, false, punti);
+    const int nb = aggiunto.primo, tutti = int(punti.size());
 
-void UniscanoPunti(Unione& u) {
-    Fondi(u, u.base, u.aggiunti, false);
-    Fondi(u, u.aggiunti, u.aggiunti, true);
-    Fondi(u, u.base, u.base, true);
-}
+    // Each point into the one it falls on; in[a] is always above a.
+    std::vector<int> in(size_t(tutti), -1);
+    {
+        const Griglia griglia(punti, nb, tutti);
+        for (int a = 0; a < nb; ++a) in[size_t(a)] = griglia.Primo(punti[size_t(a)], nb - 1);
+        for (int a = nb; a < tutti; ++a) in[size_t(a)] = griglia.Primo(punti[size_t(a)], a);
+    }
+    {
+        const Griglia griglia(punti, 0, nb);
+        for (int a = 0; a < nb; ++a)
+            if (in[size_t(a)] < 0) in[size_t(a)] = griglia.Primo(punti[size_t(a)], a);
+    }
+    std::string uscita;
+    uscita.reserve(size_t(testoBase.size() + testoAggiunto.size()) + 1024);
+    uscita.append(kTestaAutoallestito);
+    // The points left numbered in their order; each point takes the number of where it went.
+    std::vector<int> nuovo(size_t(tutti), 0);
+    for (int a = 0, numero = 0; a < tutti; ++a) {
+        if (in[size_t(a)] >= 0) continue;
+        nuovo[size_t(a)] = ++numero;
+        uscita.append("8|");
+        MettiNumero(uscita, numero);
+        uscita.append("%|");
+        uscita.append(punti[size_t(a)].coordinate);
+        uscita.append("|\r\n");
+    }
+    for (int a = tutti - 1; a >= 0; --a)
+        if (in[size_t(a)] >= 0) nuovo[size_t(a)] = nuovo[size_t(in[size_t(a)])];
 
-QString SpezzaRigaSette(const QString& riga) {
-    const QStringList campi = Split(riga, kBarra);
-    const qsizetype n = campi.size() - 1;
-    if (n < 6) throw Errore(9);
-    QString coda;
-    for (qsizetype k = n - 4; k <= n - 1; ++k) coda += campi[k] + kBarra;
-    const QString chiusura = campi[n - 4] + kBarra;
-    const qsizetype ids = n - 6;
-    QString uscita = QStringLiteral("7|") + Formato(double(ids), QStringLiteral("#######0")) + u'|';
-    int conta = 0;
-    for (qsizetype k = 2; k <= n - 5; ++k) {
-        if (conta == 10) {
-            uscita += chiusura + CRLF + QStringLiteral("7|0|");
-            conta = 0;
-        }
-        uscita += campi[k] + kBarra;
-        ++conta;
+    std::string unito;
+    std::vector<Byte> campi;
+    for (const Lato* lato : {&base, &aggiunto}) {
+        const bool secondo = lato == &aggiunto;
+        auto rinomina = [&](Byte id, std::string& u) {
+            const int punto = lato->indice.Trova(id);
+            if (punto >= 0) {
+                MettiNumero(u, nuovo[size_t(punto)]);
+                u += '%';
+            } else if (secondo && !id.empty() && id.back() == '%') {
+                MettiTesto(u, CStr(ValTesto(id) + base.massimo)); // moved on by n
+                u += '%';
+            } else {
+                u.append(id);
+            }
+        };
+        for (const Anello& a : lato->anelli)
+            MettiAnello(Raccogli(a, lato->seguiti, unito), uscita, campi, rinomina);
     }
-    return uscita + coda;
-}
-
-QString ComponiUnione(Unione& u) {
-    QString testo = kTestaAutoallestito + CRLF;
-    int numero = 0;
-    for (QList<Unione::Punto>* lista : {&u.base, &u.aggiunti}) {
-        for (const Unione::Punto& p : *lista) {
-            if (p.vuoto) continue;
-            const QString nuovo = QString::number(++numero) + u'%';
-            u.sostituzioni.append({p.id, nuovo});
-            const QStringList campi = Split(p.riga, kBarra);
-            testo += QStringLiteral("8|") + nuovo + u'|' + campi[2] + u'|' + campi[3] + u'|' + CRLF;
-        }
-    }
-    for (const QString& anello : SostituisciOgniCampo(u.anelli, u.sostituzioni)) {
-        if (anello.isEmpty()) continue;
-        testo += SpezzaRigaSette(anello) + CRLF;
-    }
-    return testo;
+    return QByteArray(uscita.data(), qsizetype(uscita.size()));
 }
 
 QString UnisciTestiEstratti(const QString& testoBase, const QString& testoAggiunto) {
-    Unione u = PreparaUnione(testoBase, testoAggiunto);
-    UniscanoPunti(u);
-    return ComponiUnione(u);
+    return DaWindows1252(UnisciEstratti(AWindows1252(testoBase), AWindows1252(testoAggiunto)));
+}
+
+QString SpezzaRigaSette(const QString& riga) {
+    const QByteArray b = AWindows1252(riga);
+    std::string uscita;
+    std::vector<Byte> campi;
+    MettiAnello(Byte(b.constData(), size_t(b.size())), uscita, campi,
+                [](Byte id, std::string& u) { u.append(id); });
+    if (!uscita.empty()) uscita.resize(uscita.size() - 2); // the last line end
+    return DaWindows1252(QByteArray(uscita.data(), qsizetype(uscita.size())));
 }
 
 QString PercorsoTempestratto(const Stato& stato) {
@@ -295,11 +431,11 @@ bool UnisciDueEstratti(Stato& stato, const QString& estrattoBase, const QString&
     const QString temp = PercorsoTempestratto(stato);
     const bool ok = ConTrappola(stato, QStringLiteral("UnisciDueEstratti"), [&] {
         EliminaFile(temp);
-        const QString base = LeggiTesto(PercorsoEstratto(stato, estrattoBase));
-        const QString aggiunto = LeggiTesto(PercorsoEstratto(stato, estrattoAggiunto));
-        const QString testo = UnisciTestiEstratti(base, aggiunto);
+        const QByteArray base = LeggiByte(PercorsoEstratto(stato, estrattoBase));
+        const QByteArray aggiunto = LeggiByte(PercorsoEstratto(stato, estrattoAggiunto));
+        const QByteArray unito = UnisciEstratti(base, aggiunto);
         CreaCartella(CartellaDel(temp));
-        ScriviTesto(temp, testo);
+        ScriviByte(temp, unito);
     });
     if (!ok) ConTrappola(stato, QStringLiteral("UnisciDueEstratti"), [&] { EliminaFile(temp); });
     return ok;

@@ -14,38 +14,24 @@ struct Stato;
 
 inline constexpr double kTolleranzaUnione = 0.001;
 
-// The rows of the two extracts that a join keeps: rows 8 with "%" and rings (first row and its
-// continuation rows gathered in one line) holding none of "T", "L", "P". The second extract's
-// ids are already shifted by the number of the last point of the first.
-struct Unione {
-    struct Punto {
-        QString riga, id;
-        double nord = 0, est = 0;
-        bool vuoto = false;
-    };
-    QList<Punto> base, aggiunti;
-    QStringList anelli; // the rings of the first, then those of the second
-    // The replacements of ids, in the order they are made: merges, then the renumbering.
-    QList<std::pair<QString, QString>> sostituzioni;
-};
-
 double DistanzaPunti(double nord1, double est1, double nord2, double est2);
 
-// Reading and shift. Throws Errore.
-Unione PreparaUnione(const QString& testoBase, const QString& testoAggiunto);
-// The merge: each point of the first goes into the first point of the second closer than the
-// tolerance; then each point of the second, and each of the first, into the first later point
-// of its own extract that is that close. A grid of cells of the tolerance's size finds them.
-void UniscanoPunti(Unione& u);
-// Renumbers the points left, applies the replacements in their order to every id field of the
-// rings (a field equal to the old id takes the new one) and composes the result.
-QString ComponiUnione(Unione& u);
-// The two texts joined: PreparaUnione, UniscanoPunti, ComponiUnione.
+// The two extracts joined, as bytes of the files. Of each it keeps the rows 8 with "%" and the
+// rings (first row and continuation rows) holding none of "T", "L", "P". Points closer than the
+// tolerance become one: a point of the first goes into the first such point of the second, a
+// point of the second into the first later one of the second, a point of the first still there
+// into the first later one of the first. The points left are numbered 1%, 2%, ... in their
+// order, and every id of a ring goes through one map to the new number of the point it names
+// (the first point of its own extract with that id). An id that names no point keeps its text,
+// in the second moved on by the highest number of the first. Throws Errore.
+QByteArray UnisciEstratti(const QByteArray& base, const QByteArray& aggiunto);
+// The same over texts.
 QString UnisciTestiEstratti(const QString& testoBase, const QString& testoAggiunto);
 
 // A ring gathered in one line, "7|<count>|<ids>|<style>|<label>|<name>|<area>|", rewritten as
-// rows of ten ids: the count recounted ("#######0"), each row but the last closed by the style,
-// the last by the whole tail.
+// the extract writer lays it out: the count recounted ("#######0") and the first ten ids with
+// the tail on the first row, ten more on each continuation row "7|0|...|NC|". A ring of no id
+// gives no row.
 QString SpezzaRigaSette(const QString& riga);
 
 // \temp\Tempestratto.emp under the program folder.

@@ -1,8 +1,12 @@
-// The join done the plain way: every point against every point, the rings' fields replaced
-// at each merge. The grid must give the same bytes.
+// The join done the plain way: every point against every point, each point followed to where
+// it went, one map from old id to new id. The join must give the same bytes.
 #pragma once
 
+#include <QHash>
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 namespace tavolet::test {
 
@@ -14,5 +18,19 @@ struct CoppiaEstratti {
     QString base, aggiunto;
 };
 CoppiaEstratti GeneraCoppia(unsigned seme, int punti);
+
+// Two extracts of rings of 3 to 60 vertices over shared sites: a site holds one point or a few
+// within 0.0003 of it, in either extract or both; numbers out of order, with gaps; islands; rings
+// longer than ten ids. For each ring, by its label, what it must still be after a join: its
+// name, its area as written and the coordinates of its vertices as the files give them.
+struct AnelloAtteso {
+    QString nome, area;
+    QList<std::pair<double, double>> vertici; // north, east
+};
+struct CoppiaConAnelli {
+    QString base, aggiunto;
+    QHash<QString, AnelloAtteso> anelli;
+};
+CoppiaConAnelli GeneraCoppiaConAnelli(unsigned seme);
 
 } // namespace tavolet::test
