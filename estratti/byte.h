@@ -12,6 +12,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavolet::estratti {
 
@@ -32,6 +33,17 @@ inline size_t BarraIndietro(Byte s, size_t da) {
     for (size_t i = std::min(da, s.size() - 1) + 1; i-- > 0;)
         if (s[i] == '|') return i;
     return Byte::npos;
+}
+
+// The fields of a row between its bars, as Split gives them.
+inline void CampiDi(Byte riga, std::vector<Byte>& campi) {
+    campi.clear();
+    for (size_t inizio = 0;;) {
+        const size_t barra = Barra(riga, inizio);
+        campi.push_back(riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio));
+        if (barra == Byte::npos) break;
+        inizio = barra + 1;
+    }
 }
 
 // Val of bytes, through the runtime's own read.

@@ -400,13 +400,7 @@ private:
     // The area of a renumbered ring, with the vertex tables carried from ring to ring.
     double Area(Byte riga) {
         std::vector<Byte>& campi = campi_;
-        campi.clear();
-        for (size_t inizio = 0;;) {
-            const size_t barra = Barra(riga, inizio);
-            campi.push_back(riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio));
-            if (barra == Byte::npos) break;
-            inizio = barra + 1;
-        }
+        CampiDi(riga, campi);
         const qsizetype n = qsizetype(campi.size()) - 1;
         qsizetype conta = 0;
         auto slot = [](std::array<double, 501>& t, qsizetype i) -> double& {
@@ -480,14 +474,7 @@ private:
     // than seven characters at the end is dropped.
     void MettiAnello(size_t a, const std::string& riga) {
         std::vector<Byte>& campi = campi_;
-        campi.clear();
-        for (size_t inizio = 0;;) {
-            const size_t barra = Barra(riga, inizio);
-            campi.push_back(
-                Byte(riga).substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio));
-            if (barra == Byte::npos) break;
-            inizio = barra + 1;
-        }
+        CampiDi(riga, campi);
         const size_t n = campi.size() - 1;
         std::string coda;
         for (size_t k = n - 4; k <= n - 2; ++k) {

@@ -300,13 +300,7 @@ Byte Raccogli(const Anello& a, const std::vector<Byte>& seguiti, std::string& un
 // "NC|" closing the continuation rows. rinomina(id, uscita) writes each id.
 template <typename Rinomina>
 void MettiAnello(Byte riga, std::string& uscita, std::vector<Byte>& campi, Rinomina&& rinomina) {
-    campi.clear();
-    for (size_t inizio = 0;;) {
-        const size_t barra = Barra(riga, inizio);
-        campi.push_back(riga.substr(inizio, barra == Byte::npos ? Byte::npos : barra - inizio));
-        if (barra == Byte::npos) break;
-        inizio = barra + 1;
-    }
+    CampiDi(riga, campi);
     const size_t n = campi.size() - 1;
     if (n < 6) throw Errore(9);
     const size_t ids = n - 6;
