@@ -20,9 +20,9 @@ struct CoppiaEstratti {
 CoppiaEstratti GeneraCoppia(unsigned seme, int punti);
 
 // Two extracts of rings of 3 to 60 vertices over shared sites: a site holds one point or a few
-// within 0.0003 of it, in either extract or both; numbers out of order, with gaps; islands; rings
-// longer than ten ids. For each ring, by its label, what it must still be after a join: its
-// name, its area as written and the coordinates of its vertices as the files give them.
+// within 0.0003 of it on each axis, in either extract or both; numbers out of order, with gaps;
+// islands; rings longer than ten ids. For each ring, by its label, what it must still be after a
+// join: its name, its area as written and the coordinates of its vertices as the files give them.
 struct AnelloAtteso {
     QString nome, area;
     QList<std::pair<double, double>> vertici; // north, east
