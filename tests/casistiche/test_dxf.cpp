@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <cmath>
 
@@ -57,6 +58,19 @@ for e in doc.modelspace():
     return QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
 }
 
+// A real file with its layers renamed to those of the cases: the value of every group 8 pair
+// that names an old layer is replaced, line ends and all else kept.
+QByteArray RinominaLayer(const QByteArray& dxf, const QMap<QByteArray, QByteArray>& nomi) {
+    QList<QByteArray> righe = dxf.split('\n');
+    for (qsizetype i = 0; i + 1 < righe.size(); i += 2) {
+        if (righe[i].trimmed() != "8") continue;
+        const bool cr = righe[i + 1].endsWith('\r');
+        const QByteArray valore = cr ? righe[i + 1].chopped(1) : righe[i + 1];
+        if (nomi.contains(valore)) righe[i + 1] = nomi[valore] + (cr ? "\r" : "");
+    }
+    return righe.join('\n');
+}
+
 } // namespace
 
 TEST_F(Dxf, FileRealiSenzaLayerNotiNonDannoDati) {
@@ -77,16 +91,28 @@ TEST_F(Dxf, DxfBinarioRifiutato) {
 
 // Every vertex a row 8, every polyline a row 7, checked against ezdxf.
 TEST_F(Dxf, LayerRinominatiControEzdxf) {
-    for (const char* nome : {"POLI-ALL210_12_RC.DXF", "small_r13_RC_NC.dxf", "images_RC_NC.dxf",
-                             "usa_NC.dxf", "houses_RC.dxf", "disegno_rc_nc.dxf"}) {
+    const QList<std::pair<const char*, QMap<QByteArray, QByteArray>>> casi = {
+        {"POLI-ALL210_12.DXF", {{"T-2DPLINE-ALL", "RC"}}},
+        {"small_r13.dxf", {{"3USMM_PKG", "RC"}, {"FOOT_PRINT", "NC"}}},
+        {"images.dxf", {{"context", "RC"}, {"image", "NC"}, {"title", "FABBRICATI"}}},
+        {"usa.dxf", {{"BORDERS", "PARTICELLE"}}},
+        {"houses_of_parliament_georeferenced.dxf", {{"0", "RC"}}},
+        {"disegno_rc_nc.dxf", {}}};
+    QTemporaryDir dir;
+    for (const auto& [nome, layer] : casi) {
+        const QString percorso = dir.filePath(nome);
+        QFile f(percorso);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(RinominaLayer(Dati(QStringLiteral("casistiche/") + nome), layer));
+        f.close();
         bool saltato = false;
-        const QStringList attese =
-            PolilineeEzdxf(PercorsoDati(QStringLiteral("casistiche/") + nome), &saltato);
+        const QStringList attese = PolilineeEzdxf(percorso, &saltato);
         if (saltato) GTEST_SKIP() << "python3-ezdxf non installato (/usr/bin/python3)";
         ASSERT_FALSE(attese.isEmpty()) << nome;
         c = Casistica();
         p.eventi.clear();
-        ASSERT_TRUE(Leggi(nome)) << nome << ' ' << p.Messaggi().join('\n').toStdString();
+        ASSERT_TRUE(GeneraLibrettoDaPoliLineeDXF(s, c, percorso))
+            << nome << ' ' << p.Messaggi().join('\n').toStdString();
 
         // Coordinates of the rows 8, by their rounded value.
         QSet<QString> punti;

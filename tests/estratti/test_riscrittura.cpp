@@ -34,48 +34,40 @@ struct Esito {
     QStringList messaggi;
 };
 
-// The short way from SORGENTE to a file of its own; when it declines, nothing may be there.
-Esito Breve(QTemporaryDir& dir, const QByteArray& dati) {
-    const QString sorgente = dir.filePath("SORGENTE.EMP"), uscita = dir.filePath("BREVE.EMP");
-    QFile::remove(uscita);
-    Scrivi(sorgente, dati);
-    PiattaformaFinta piattaforma;
-    piattaforma.adesso = QDateTime(QDate(2026, 1, 15), QTime(12, 0));
-    Stato stato(piattaforma);
-    Esito e;
-    e.breve = RiscriviEstrattoIn(stato, sorgente, uscita);
-    e.uscita = Leggi(uscita);
-    e.messaggi = piattaforma.Messaggi();
-    return e;
-}
+enum class Via { Breve, Lungo, Riscrivi };
 
-// Read and save in place, as the program did it before, and the rewrite in place.
-Esito Lungo(QTemporaryDir& dir, const QByteArray& dati, bool riscrivi) {
-    const QString file = dir.filePath(riscrivi ? "RISCRITTO.EMP" : "LUNGO.EMP");
+// Breve: the short way from SORGENTE to a file of its own (when it declines, nothing may be
+// there). Lungo: read and save in place, as the program did it before. Riscrivi: the rewrite in
+// place.
+Esito Prova(QTemporaryDir& dir, const QByteArray& dati, Via via) {
+    const QString sorgente = dir.filePath("SORGENTE.EMP"), uscita = dir.filePath("BREVE.EMP");
+    const QString file = via == Via::Breve ? sorgente : dir.filePath("FILE.EMP");
+    QFile::remove(uscita);
     Scrivi(file, dati);
     PiattaformaFinta piattaforma;
     piattaforma.adesso = QDateTime(QDate(2026, 1, 15), QTime(12, 0));
     Stato stato(piattaforma);
-    if (riscrivi) {
+    Esito esito;
+    if (via == Via::Breve) {
+        esito.breve = RiscriviEstrattoIn(stato, sorgente, uscita);
+    } else if (via == Via::Riscrivi) {
         RiscriviEstratto(stato, file);
     } else {
         Estratto e = EsplodiEstratto(stato, file);
         SalvaEstratto1(stato, e);
     }
-    Esito esito;
-    esito.uscita = Leggi(file);
+    esito.uscita = Leggi(via == Via::Breve ? uscita : file);
     esito.messaggi = piattaforma.Messaggi();
-    esito.messaggi.replaceInStrings(file, QStringLiteral("FILE"));
     return esito;
 }
 
 // Returns whether the short way took it.
 bool Confronta(QTemporaryDir& dir, const QByteArray& dati, const std::string& nome) {
-    const Esito lungo = Lungo(dir, dati, false);
-    const Esito riscritto = Lungo(dir, dati, true);
+    const Esito lungo = Prova(dir, dati, Via::Lungo);
+    const Esito riscritto = Prova(dir, dati, Via::Riscrivi);
     EXPECT_EQ(riscritto.uscita, lungo.uscita) << nome;
     EXPECT_EQ(riscritto.messaggi, lungo.messaggi) << nome;
-    const Esito breve = Breve(dir, dati);
+    const Esito breve = Prova(dir, dati, Via::Breve);
     if (breve.breve) {
         EXPECT_EQ(breve.uscita, lungo.uscita) << nome;
         EXPECT_TRUE(breve.messaggi.isEmpty()) << nome;

@@ -29,8 +29,13 @@ QStringList Unici(QStringList nomi) {
     return nomi;
 }
 
-QStringList Rapporto(Stato& stato, const QStringList& nomi, const QList<PuntoPF>* punti,
-                     const QString& suffisso) {
+QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti) {
+    nomi = Unici(nomi);
+    if (nomi.size() >= 51) {
+        stato.piattaforma->Messaggio(QStringLiteral("Troppi PF da elaborare"),
+                                     QStringLiteral("Problema !!"), Icona::Avviso);
+        return {};
+    }
     const bool libretto = punti == nullptr;
     const QString figura =
         libretto ? QStringLiteral("######0.##0") : QStringLiteral("#########0.##0");
@@ -181,13 +186,7 @@ QStringList CalcolaMisuratePFRiferimento(Stato& stato, QList<PuntoPF>& punti) {
                                          Icona::Informazione);
             return;
         }
-        nomi = Unici(nomi);
-        if (nomi.size() >= 51) {
-            stato.piattaforma->Messaggio(QStringLiteral("Troppi PF da elaborare"),
-                                         QStringLiteral("Problema !!"), Icona::Avviso);
-            return;
-        }
-        rapporto = Rapporto(stato, nomi, &punti, QString());
+        rapporto = Rapporto(stato, nomi, &punti);
     });
     return rapporto;
 }
@@ -207,13 +206,7 @@ QStringList CalcolaMisuratePF_DaLibrettoRiferimento(Stato& stato,
                                          Icona::Informazione);
             return;
         }
-        nomi = Unici(nomi);
-        if (nomi.size() >= 51) {
-            stato.piattaforma->Messaggio(QStringLiteral("Troppi PF da elaborare"),
-                                         QStringLiteral("Problema !!"), Icona::Avviso);
-            return;
-        }
-        rapporto = Rapporto(stato, nomi, nullptr, QStringLiteral("_DaLibretto"));
+        rapporto = Rapporto(stato, nomi, nullptr);
     });
     return rapporto;
 }

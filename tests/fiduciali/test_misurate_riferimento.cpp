@@ -137,29 +137,23 @@ TEST_F(Confronto, RapportoUgualeAlPiano) {
         const QStringList nomi = Nomi(fiduciali, rng);
         pVeloce.eventi.clear();
         pPiano.eventi.clear();
-        if (prova % 2 == 0) {
-            QStringList libretto = {"0|x|", "9|20|"};
-            for (const QString& n : nomi) libretto << "8|" + n + "|1.000|2.000|01|X|";
-            libretto << "2|" + nomi.first() + "|";
-            const QStringList r1 = CalcolaMisuratePF_DaLibretto(veloce, libretto);
-            const QByteArray f1 = LeggiByte(PercorsoFileMisurate(veloce));
-            const QStringList r2 = CalcolaMisuratePF_DaLibrettoRiferimento(piano, libretto);
-            const QByteArray f2 = LeggiByte(PercorsoFileMisurate(piano));
-            Verifica(r1, r2, prova);
-            ASSERT_EQ(f1, f2) << "prova " << prova;
-        } else {
-            QList<PuntoPF> punti;
-            std::uniform_real_distribution<double> u(-20000, 20000);
-            for (const QString& n : nomi) punti.append({n, u(rng), u(rng)});
-            if (rng() % 5 == 0) punti.append({"PF01/0010/A00X", 0, 0}); // a fiscal code: dropped
-            QList<PuntoPF> copia = punti;
-            const QStringList r1 = CalcolaMisuratePF(veloce, punti);
-            const QByteArray f1 = LeggiByte(PercorsoFileMisurate(veloce));
-            const QStringList r2 = CalcolaMisuratePFRiferimento(piano, copia);
-            const QByteArray f2 = LeggiByte(PercorsoFileMisurate(piano));
-            Verifica(r1, r2, prova);
-            ASSERT_EQ(f1, f2) << "prova " << prova;
-        }
+        QStringList libretto = {"0|x|", "9|20|"};
+        for (const QString& n : nomi) libretto << "8|" + n + "|1.000|2.000|01|X|";
+        libretto << "2|" + nomi.first() + "|";
+        QList<PuntoPF> punti;
+        std::uniform_real_distribution<double> u(-20000, 20000);
+        for (const QString& n : nomi) punti.append({n, u(rng), u(rng)});
+        if (rng() % 5 == 0) punti.append({"PF01/0010/A00X", 0, 0}); // a fiscal code: dropped
+        QList<PuntoPF> copia = punti;
+        // Even trials from the libretto, odd ones from the drawing.
+        const QStringList r1 = prova % 2 == 0 ? CalcolaMisuratePF_DaLibretto(veloce, libretto)
+                                              : CalcolaMisuratePF(veloce, punti);
+        const QByteArray f1 = LeggiByte(PercorsoFileMisurate(veloce));
+        const QStringList r2 = prova % 2 == 0
+                                   ? CalcolaMisuratePF_DaLibrettoRiferimento(piano, libretto)
+                                   : CalcolaMisuratePFRiferimento(piano, copia);
+        Verifica(r1, r2, prova);
+        ASSERT_EQ(f1, LeggiByte(PercorsoFileMisurate(piano))) << "prova " << prova;
     }
     // The inputs reach every kind of line of the report.
     EXPECT_GT(conMedia, 30);

@@ -19,10 +19,6 @@ struct Esportatori : ConPregeo {
     VistaGrafica vista;
     ModelloGrafica g{&vista};
     void Estratto() { BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP")); }
-    void Proposta() {
-        g.PropostaSiNo = 1;
-        CaricaRigheProposta(s, g, LeggiRighe(PercorsoDati("grafica/PROPOSTA.SUR")));
-    }
 };
 
 QByteArray Byte(const QString& testo) {
@@ -37,31 +33,27 @@ void Rigenera(const QString& nome, const QString& testo) {
     if (f.open(QIODevice::WriteOnly)) f.write(Byte(testo));
 }
 
-void Golden(const QString& base, const ModelloGrafica& g) {
-    Rigenera(base + ".DXF", TestoDXF(g));
-    Rigenera(base + "_STAMPE.TXT", TestoStampa(g));
-    Rigenera(base + ".HTML", TestoHTML5(g));
-    Rigenera(base + "_COPIAINFILE.TXT", TestoCopiaInFile(g));
-}
-
 } // namespace
 
-TEST_F(Esportatori, IQuattroFileDellEstrattoComeIGolden) {
-    Estratto();
-    Golden("grafica/ESTRATTO", g);
-    EXPECT_EQ(Byte(TestoDXF(g)), Dati("grafica/ESTRATTO.DXF"));
-    EXPECT_EQ(Byte(TestoStampa(g)), Dati("grafica/ESTRATTO_STAMPE.TXT"));
-    EXPECT_EQ(Byte(TestoHTML5(g)), Dati("grafica/ESTRATTO.HTML"));
-    EXPECT_EQ(Byte(TestoCopiaInFile(g)), Dati("grafica/ESTRATTO_COPIAINFILE.TXT"));
-}
-
-TEST_F(Esportatori, IQuattroFileDellaPropostaComeIGolden) {
-    Proposta();
-    Golden("grafica/PROPOSTA", g);
-    EXPECT_EQ(Byte(TestoDXF(g)), Dati("grafica/PROPOSTA.DXF"));
-    EXPECT_EQ(Byte(TestoStampa(g)), Dati("grafica/PROPOSTA_STAMPE.TXT"));
-    EXPECT_EQ(Byte(TestoHTML5(g)), Dati("grafica/PROPOSTA.HTML"));
-    EXPECT_EQ(Byte(TestoCopiaInFile(g)), Dati("grafica/PROPOSTA_COPIAINFILE.TXT"));
+TEST_F(Esportatori, IQuattroFileDiEstrattoEPropostaComeIGolden) {
+    for (const QString base : {"grafica/ESTRATTO", "grafica/PROPOSTA"}) {
+        VistaGrafica v; // a fresh plot for each
+        ModelloGrafica m{&v};
+        if (base.endsWith("ESTRATTO")) {
+            BV_CaricaEstratto_EMP(s, m, PercorsoDati(base + ".EMP"));
+        } else {
+            m.PropostaSiNo = 1;
+            CaricaRigheProposta(s, m, LeggiRighe(PercorsoDati(base + ".SUR")));
+        }
+        const QList<std::pair<QString, QString>> file = {{".DXF", TestoDXF(m)},
+                                                         {"_STAMPE.TXT", TestoStampa(m)},
+                                                         {".HTML", TestoHTML5(m)},
+                                                         {"_COPIAINFILE.TXT", TestoCopiaInFile(m)}};
+        for (const auto& [coda, testo] : file) {
+            Rigenera(base + coda, testo);
+            EXPECT_EQ(Byte(testo), Dati(base + coda)) << (base + coda).toStdString();
+        }
+    }
 }
 
 TEST_F(Esportatori, IFileVannoNellaCartellaDelProgramma) {

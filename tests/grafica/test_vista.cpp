@@ -14,30 +14,20 @@ struct Vista : ::testing::Test {
 
 } // namespace
 
-TEST_F(Vista, UnDisegnoVuotoSiAdattaAlRecordZeroConIlMargine) {
+// The box of all the records with a margin of 3; the height is its larger side, not fitted to
+// the canvas' aspect, the centre that of the box. An empty plot fits record zero.
+TEST_F(Vista, ZoomTuttoSulRiquadroConIlMargine) {
     BV_ZoomTutto(g);
-    EXPECT_EQ(vista.XMin, -3);
-    EXPECT_EQ(vista.XMax, 3);
-    EXPECT_EQ(vista.YMin, -3);
-    EXPECT_EQ(vista.YMax, 3);
-    EXPECT_EQ(vista.Altezza, 6);
-    EXPECT_EQ(vista.CentroX, 0);
-}
-
-TEST_F(Vista, LAltezzaELaDimensioneMaggioreEIlCentroEQuelloDelRiquadro) {
+    EXPECT_EQ(
+        std::tuple(vista.XMin, vista.XMax, vista.YMin, vista.YMax, vista.Altezza, vista.CentroX),
+        std::tuple(-3, 3, -3, 3, 6, 0));
     BV_AggiungiPuntoGraf(g, "1%", 100, 200, 0, {}, 0, 0, "Courier New", 8);
     BV_AggiungiPuntoGraf(g, "2%", 140, 210, 0, {}, 0, 0, "Courier New", 8);
     BV_AggiungiLineaGraf(g, 90, 205, 0, 100, 205, 0, 0, 1, 0);
     BV_ZoomTutto(g);
-    EXPECT_EQ(vista.XMin, 87);
-    EXPECT_EQ(vista.XMax, 143);
-    EXPECT_EQ(vista.YMin, 197);
-    EXPECT_EQ(vista.YMax, 213);
-    EXPECT_EQ(vista.LarghezzaX, 56);
-    EXPECT_EQ(vista.LarghezzaY, 16);
-    EXPECT_EQ(vista.Altezza, 56); // not fitted to the canvas' aspect
-    EXPECT_EQ(vista.CentroX, 115);
-    EXPECT_EQ(vista.CentroY, 205);
+    EXPECT_EQ(std::tuple(vista.XMin, vista.XMax, vista.YMin, vista.YMax, vista.LarghezzaX,
+                         vista.LarghezzaY, vista.Altezza, vista.CentroX, vista.CentroY),
+              std::tuple(87, 143, 197, 213, 56, 16, 56, 115, 205));
 }
 
 TEST_F(Vista, ZoomEPanSonoPassiFissiDellAltezza) {
