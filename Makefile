@@ -4,7 +4,7 @@ BUILD ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DEMO ?= $(HOME)/.tavolet-demo
 
-.PHONY: all deps configura build run test bench asan coverage clean format
+.PHONY: all deps configura build run test bench asan coverage fuzz clean format
 
 all: build
 
@@ -48,8 +48,12 @@ coverage: deps
 		-e 'build[^/]*/' --json-summary-pretty -o build-cov/copertura.json
 	@python3 scripts/copertura.py build-cov/copertura.json | tee build-cov/copertura.txt
 
+# Every reader under libFuzzer with the sanitizers, FUZZ_S seconds each (scripts/fuzz.sh).
+fuzz:
+	JOBS=$(JOBS) bash scripts/fuzz.sh
+
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD) build-asan build-cov
+	rm -rf $(BUILD) build-asan build-cov build-fuzz
