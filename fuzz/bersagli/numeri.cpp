@@ -74,7 +74,9 @@ TAVOLET_BERSAGLIO(numeri) {
                               !figura.contains(u'-') &&
                               !figura.section(u'.', 1).contains(QRegularExpression("[^#0]"));
         const QString f = Formato(v, figura);
-        if (semplice) {
+        // Beyond 2^53 a double's digits are its exact binary value or the shortest ones padded
+        // with zeros, both reading back to it: only below is there one text to compare.
+        if (semplice && std::fabs(v) < 9007199254740992.0) {
             const QString atteso = FormatoRiferimento(v, figura);
             Verifica(f == atteso, "Formato(" + QString::number(v, 'g', 17).toStdString() + ", \"" +
                                       figura.toStdString() + "\") = " + f.toStdString() +
@@ -85,7 +87,8 @@ TAVOLET_BERSAGLIO(numeri) {
         const QString s = Str(v);
         Verifica(Val(s) == v || (v == 0 && Val(s) == 0), "Str non si rilegge: " + s.toStdString());
         Verifica(!s.startsWith(u' '), "Str con lo spazio davanti");
-        Verifica(Val(CStr(v)) == v || std::fabs(Val(CStr(v)) - v) <= std::fabs(v) * 1e-15,
+        // CStr keeps 15 significant digits: within half a unit of the 15th, and the reading.
+        Verifica(std::fabs(Val(CStr(v)) - v) <= std::fabs(v) * 5.2e-15,
                  "CStr non si rilegge: " + CStr(v).toStdString());
     }
     // Val on characters of numbers: strtod on the same leading number, or the overflow error.
