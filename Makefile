@@ -4,7 +4,7 @@ BUILD ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DEMO ?= $(HOME)/.tavolet-demo
 
-.PHONY: all deps configura build run test bench asan clean format
+.PHONY: all deps configura build run test bench asan coverage fuzz clean format
 
 all: build
 
@@ -36,8 +36,24 @@ asan: deps
 	cmake --build build-asan -j $(JOBS)
 	cd build-asan && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 
+# Line coverage of the program by the whole suite, per folder (gcovr), on a --coverage Debug build.
+coverage: deps
+	@bash scripts/dipendenze.sh coverage
+	cmake -S . -B build-cov -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=--coverage \
+		-DCMAKE_EXE_LINKER_FLAGS=--coverage
+	cmake --build build-cov -j $(JOBS)
+	find build-cov -name '*.gcda' -delete
+	cd build-cov && QT_QPA_PLATFORM=offscreen ctest -j $(JOBS) || true
+	gcovr -r . --object-directory build-cov -j $(JOBS) -e 'tests/' -e 'bench/' -e 'fuzz/' \
+		-e 'build[^/]*/' --json-summary-pretty -o build-cov/copertura.json
+	@python3 scripts/copertura.py build-cov/copertura.json | tee build-cov/copertura.txt
+
+# Every reader under libFuzzer with the sanitizers, FUZZ_S seconds each (scripts/fuzz.sh).
+fuzz:
+	JOBS=$(JOBS) bash scripts/fuzz.sh
+
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD) build-asan
+	rm -rf $(BUILD) build-asan build-cov build-fuzz

@@ -27,9 +27,10 @@ QChar CambiaCaso(QChar c, bool maiuscolo) {
     return CodiceWindows1252(altro.unicode()) >= 0 ? altro : c;
 }
 
-// Decimal digits of |valore| as the shortest text that reads back to the same double.
+// Decimal digits of |valore| as the shortest text that reads back to the same double. Written
+// out in full, a double takes up to 309 digits before the point and 326 characters after "0.".
 QString CifreDecimali(double valore) {
-    char buf[64];
+    char buf[400];
     auto r = std::to_chars(buf, buf + sizeof buf, std::fabs(valore), std::chars_format::fixed);
     return QString::fromLatin1(buf, int(r.ptr - buf));
 }

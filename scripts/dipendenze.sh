@@ -8,6 +8,9 @@ pacchetti=(build-essential cmake qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
 if [ "$1" != "run" ]; then
   pacchetti+=(python3-ezdxf gdal-bin chromium poppler-utils qpdf)
 fi
+# make coverage adds gcovr; make fuzz adds clang's libFuzzer.
+[ "$1" = "coverage" ] && pacchetti+=(gcovr)
+[ "$1" = "fuzz" ] && pacchetti+=(clang libfuzzer-14-dev)
 # Without a display, make run opens the program under a virtual X server.
 if [ "$1" = "run" ] && [ -z "$DISPLAY" ] && [ -z "$WAYLAND_DISPLAY" ]; then
   pacchetti+=(xvfb xauth)
