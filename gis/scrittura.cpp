@@ -89,8 +89,8 @@ struct Errore_GDAL {
 // A feature being filled; its fields by index, the sheet's first.
 class Elemento {
 public:
-    Elemento(OGRLayerH strato, const FoglioGis& f)
-        : strato_(strato), h_(OGR_F_Create(OGR_L_GetLayerDefn(strato))) {
+    Elemento(OGRLayerH strato, const FoglioGis& f, int& scritti)
+        : strato_(strato), h_(OGR_F_Create(OGR_L_GetLayerDefn(strato))), scritti_(scritti) {
         const QString* testa[] = {&f.comune, &f.sezione, &f.foglio, &f.allegato, &f.sviluppo};
         for (const QString* t : testa) Testo(*t);
         sorgente_ = f.sorgente.toUtf8();
@@ -126,6 +126,7 @@ public:
         OGR_F_SetGeometryDirectly(h_, g);
         if (OGR_L_CreateFeature(strato_, h_) != OGRERR_NONE)
             Fallisce(QStringLiteral("elemento non scritto"));
+        ++scritti_;
     }
 
 private:
@@ -133,6 +134,7 @@ private:
     OGRFeatureH h_;
     int i_ = 0;
     QByteArray sorgente_;
+    int& scritti_;
 };
 
 OGRGeometryH Punto(const PuntoGis& p) {
@@ -208,6 +210,7 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
         GDALDriverH driver = GDALGetDriverByName(geojson ? "GeoJSON" : "GPKG");
         if (!driver) Fallisce(QStringLiteral("GDAL non ha il driver %1").arg(opzioni.formato));
 
+        int scritti = 0; // features of the layer being written
         auto particelle = [&](OGRLayerH l, const FoglioGis& f) {
             for (const FoglioGis::Particella& p : f.particelle) {
                 OGRGeometryH g = OGR_G_CreateGeometry(wkbPolygon);
@@ -215,7 +218,7 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
                     OGR_G_AddGeometryDirectly(g, Tratto(wkbLinearRing, anello));
                 if (!OGR_G_IsValid(g))
                     esito.nonValidi << f.sorgente + QStringLiteral(": ") + p.tipo + u' ' + p.nome;
-                Elemento(l, f)
+                Elemento(l, f, scritti)
                     .Testo(p.nome)
                     .Testo(p.tipo)
                     .Reale(p.areaDichiarata)
@@ -225,12 +228,14 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
         };
         auto linee = [&](OGRLayerH l, const FoglioGis& f) {
             for (const auto& x : f.linee)
-                Elemento(l, f).Testo(x.tratto).Intero(x.esterno).Scrivi(
-                    Tratto(wkbLineString, x.punti));
+                Elemento(l, f, scritti)
+                    .Testo(x.tratto)
+                    .Intero(x.esterno)
+                    .Scrivi(Tratto(wkbLineString, x.punti));
         };
         auto testi = [&](OGRLayerH l, const FoglioGis& f) {
             for (const auto& t : f.testi)
-                Elemento(l, f)
+                Elemento(l, f, scritti)
                     .Testo(t.testo)
                     .Reale(t.altezza)
                     .Reale(t.angolo)
@@ -240,7 +245,7 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
         };
         auto simboli = [&](OGRLayerH l, const FoglioGis& f) {
             for (const auto& s : f.simboli)
-                Elemento(l, f)
+                Elemento(l, f, scritti)
                     .Intero(s.codice)
                     .Reale(s.angolo)
                     .Reale(s.angolo * kGradi)
@@ -250,7 +255,7 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
         auto fiduciali = [&](OGRLayerH l, const FoglioGis& f) {
             for (const auto& x : f.fiduciali) {
                 const auto e = x.etichetta;
-                Elemento(l, f)
+                Elemento(l, f, scritti)
                     .Testo(x.nome)
                     .Intero(x.codice)
                     .Reale(e ? std::optional(e->x) : std::nullopt)
@@ -259,7 +264,8 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
             }
         };
         auto vertici = [&](OGRLayerH l, const FoglioGis& f) {
-            for (const auto& v : f.vertici) Elemento(l, f).Testo(v.nome).Scrivi(Punto(v.p));
+            for (const auto& v : f.vertici)
+                Elemento(l, f, scritti).Testo(v.nome).Scrivi(Punto(v.p));
         };
         auto vuoto = [&](auto membro) {
             for (const FoglioGis& f : fogli)
@@ -297,10 +303,11 @@ EsitoGis ScriviGis(const std::vector<FoglioGis>& fogli, const QString& percorso,
             // slower. GeoJSON has none.
             const bool transazione =
                 !geojson && GDALDatasetStartTransaction(ds, FALSE) == OGRERR_NONE;
+            scritti = 0;
             for (const FoglioGis& f : fogli) u.riempi(l, f);
             if (transazione && GDALDatasetCommitTransaction(ds) != OGRERR_NONE)
                 Fallisce(QStringLiteral("strato %1 non scritto").arg(u.strato->nome));
-            *u.conta = int(OGR_L_GetFeatureCount(l, TRUE));
+            *u.conta = scritti;
         };
         if (geojson) {
             const QString base = info.dir().filePath(info.completeBaseName());

@@ -8,6 +8,7 @@
 #include "supporto.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 
 using namespace tavolet;
 using namespace tavolet::test;
@@ -193,8 +195,11 @@ TEST(Gis, AnelliDegliEstrattiGenerati) {
             const QStringList c = riga.split('|');
             const qsizetype n = c.size() - 1;
             Anello a;
+            // A pen's token between the ids is no point, even where a point bears its name.
             for (qsizetype k = 2; k <= n - 5; ++k)
-                if (punti.count(c[k])) a.push_back(punti[c[k]]);
+                if (punti.count(c[k]) &&
+                    !QString("NC NT NP RC RT RP VC VT VP").split(' ').contains(c[k]))
+                    a.push_back(punti[c[k]]);
             attesi.insert({c[n - 2] + (c[n - 2].endsWith('-') ? "" : "|esterno"), a});
         }
         QStringList avvisi;
@@ -216,7 +221,7 @@ TEST(Gis, AnelliDegliEstrattiGenerati) {
         EXPECT_EQ(scritti.size() + nominati.size(), attesi.size()) << "seme " << seme;
         for (const auto& anello : scritti)
             EXPECT_TRUE(attesi.count(anello) || anello.first.endsWith("-|esterno"))
-                << "seme " << seme;
+                << "seme " << seme << ' ' << anello.first.toStdString();
     }
 }
 
@@ -232,7 +237,7 @@ TEST(Gis, FilePiccoliComeIGolden) {
         const Esito e = Esegui({"gis", dir.filePath("in/" + nome), dir.filePath(base + ".geojson"),
                                 "--formato", "GeoJSON"});
         ASSERT_EQ(e.codice, 0) << e.err.toStdString();
-        EXPECT_EQ(e.err, "");
+        EXPECT_FALSE(e.err.contains("Esporta GeoPackage")) << e.err.toStdString();
         for (const QString& file : QDir(dir.path()).entryList({base + "*.geojson"}))
             EXPECT_EQ(LeggiFile(dir.filePath(file)), Dati("gis/" + file)) << file.toStdString();
         EXPECT_EQ(QDir(dir.path()).entryList({base + "*.geojson"}).size(), 5); // no empty layer
@@ -240,7 +245,7 @@ TEST(Gis, FilePiccoliComeIGolden) {
     }
     const Esito e = Esegui({"gis", PercorsoDati("gis"), dir.filePath("tutti.gpkg")});
     ASSERT_EQ(e.codice, 0) << e.err.toStdString();
-    EXPECT_EQ(Particelle(dir.filePath("tutti.gpkg")).size(), 9u);
+    EXPECT_EQ(Particelle(dir.filePath("tutti.gpkg")).size(), 8u);
 }
 
 // Broken borders are named with their file and left out; the rest is written, the exit is 1.
@@ -258,7 +263,7 @@ TEST(Gis, BordiRottiTralasciatiIlRestoScritto) {
     righe += bordo("3", "0", "6", quadrato);   // says six vertices, has five
     righe += bordo("4", "1e9", "5", quadrato); // a billion islands
     righe += bordo("5", "0", "4", quadrato);   // says four, has five
-    righe += bordo("6", "1", "10", quadrato + quadrato);
+    righe += bordo("6", "1", "10", QStringList{"5"} + quadrato + quadrato); // hole = outside
     righe += {"TESTO", "ok", "10", "0", "5", "5", "EOF"};
     QTemporaryDir dir;
     const QString cxf = dir.filePath("rotto.CXF");
