@@ -1,6 +1,7 @@
 // CXF to .EMP. The registry's CXF knows no shared point numbers: every border lists its own
 // coordinates, so the work is numbering them, equal texts being one point.
 #include "cxf.h"
+#include "cxf_lettura.h"
 
 #include "errore.h"
 #include "file_testo.h"
@@ -25,74 +26,6 @@ const QString kTitolo = QStringLiteral("Estratto da CXF");
 const QString kTesta =
     QStringLiteral("0|05102017|XX0000000/2017|A000|00180|1,2,3|XX|PUB|ABCDEF|00000000000000|");
 
-// Items as the file's line input gives them: separated by commas and line ends, blanks and
-// tabs around them dropped.
-class Voci {
-public:
-    explicit Voci(QStringView testo) : t_(testo) {}
-    bool Fine() const { return i_ >= t_.size() && !vuota_; }
-    // The next item; past the end of the file, error 62.
-    QStringView Prossima() {
-        if (Fine()) throw Errore(62);
-        if (i_ >= t_.size()) {
-            vuota_ = false; // a comma at the very end stands before one empty item
-            return {};
-        }
-        const qsizetype inizio = i_;
-        while (i_ < t_.size() && t_[i_] != u',' && t_[i_] != u'\r' && t_[i_] != u'\n') ++i_;
-        QStringView voce = t_.mid(inizio, i_ - inizio);
-        if (i_ < t_.size()) {
-            vuota_ = t_[i_] == u',';
-            if (t_[i_] == u'\r' && i_ + 1 < t_.size() && t_[i_ + 1] == u'\n') ++i_;
-            ++i_;
-            vuota_ = vuota_ && i_ >= t_.size();
-        }
-        auto vuoto = [](QChar c) { return c == u' ' || c == u'\t'; };
-        while (!voce.isEmpty() && vuoto(voce.front())) voce = voce.mid(1);
-        while (!voce.isEmpty() && vuoto(voce.back())) voce.chop(1);
-        return voce;
-    }
-
-private:
-    QStringView t_;
-    qsizetype i_ = 0;
-    bool vuota_ = false;
-};
-
-// A number written whole: sign, digits, point, exponent. Anything else is a type mismatch.
-bool Numero(QStringView s) {
-    qsizetype i = 0;
-    if (i < s.size() && (s[i] == u'-' || s[i] == u'+')) ++i;
-    int cifre = 0;
-    while (i < s.size() && s[i].isDigit() && s[i].unicode() < 128) ++i, ++cifre;
-    if (i < s.size() && s[i] == u'.') {
-        ++i;
-        while (i < s.size() && s[i].isDigit() && s[i].unicode() < 128) ++i, ++cifre;
-    }
-    if (cifre == 0) return false;
-    if (i < s.size() && (s[i] == u'E' || s[i] == u'e' || s[i] == u'D' || s[i] == u'd')) {
-        ++i;
-        if (i < s.size() && (s[i] == u'-' || s[i] == u'+')) ++i;
-        int esponente = 0;
-        while (i < s.size() && s[i].isDigit() && s[i].unicode() < 128) ++i, ++esponente;
-        if (esponente == 0) return false;
-    }
-    return i == s.size();
-}
-
-// A count read into a whole number: rounded, overflow past 32 bits.
-qint64 Intero(QStringView voce) {
-    if (!Numero(voce)) throw Errore(13);
-    const double v = std::nearbyint(Val(voce.toString()));
-    if (!(v >= -2147483648.0 && v <= 2147483647.0)) throw Errore(6);
-    return qint64(v);
-}
-
-QString Coordinata(QStringView voce) {
-    if (!Numero(voce)) throw Errore(13);
-    return voce.toString();
-}
-
 // The working lists of the conversion. ListaBordi: per border the marker ">name", per ring its
 // size, per vertex "|x|y|".
 struct Lettura {
@@ -100,32 +33,17 @@ struct Lettura {
     bool barre = false; // some item holds a bar: the substitution goes the long way
 };
 
-constexpr int kAnelli = 501; // the table of ring sizes: index 0 to 500
-
-void LeggiBordo(Voci& voci, Lettura& l) {
-    const QString nome = voci.Prossima().toString();
-    for (int k = 0; k < 4; ++k) voci.Prossima(); // size, angle, position x and y
-    voci.Prossima();                             // the inner point, dropped
-    voci.Prossima();
-    const qint64 isole = Intero(voci.Prossima());
-    const qint64 totale = Intero(voci.Prossima());
-    std::array<qint64, kAnelli> anelli{};
-    qint64 somma = 0;
-    for (qint64 i = 1; i <= isole; ++i) {
-        if (i >= kAnelli) throw Errore(9);
-        anelli[size_t(i)] = Intero(voci.Prossima());
-        somma += anelli[size_t(i)];
-    }
-    anelli[0] = totale - somma;
-    l.barre = l.barre || nome.contains(u'|');
-    l.ListaBordi.append(u'>' + nome);
-    for (qint64 a = 0; a <= std::max<qint64>(isole, 0); ++a) {
-        l.ListaBordi.append(QString::number(anelli[size_t(a)]));
-        for (qint64 v = 0; v < anelli[size_t(a)]; ++v) {
-            const QStringView vx = voci.Prossima();
-            const QStringView vy = voci.Prossima();
-            const QString x = Coordinata(vx), y = Coordinata(vy);
-            const QString voce = u'|' + x + u'|' + y + u'|';
+void LeggiBordo(VociCxf& voci, Lettura& l) {
+    BordoCxf b;
+    LeggiBordoCxf(voci, b);
+    l.barre = l.barre || b.nome.contains(u'|');
+    l.ListaBordi.append(u'>' + b.nome);
+    size_t k = 0;
+    for (const qint64 anello : b.anelli) {
+        l.ListaBordi.append(QString::number(anello));
+        for (qint64 v = 0; v < anello; ++v, k += 2) {
+            const QString voce =
+                u'|' + b.coordinate[k].toString() + u'|' + b.coordinate[k + 1].toString() + u'|';
             l.ListaCoordinate.append(voce);
             l.ListaBordi.append(voce);
         }
@@ -134,7 +52,7 @@ void LeggiBordo(Voci& voci, Lettura& l) {
 
 Lettura LeggiCxf(const QString& testo) {
     Lettura l;
-    Voci voci(testo);
+    VociCxf voci(testo);
     for (int k = 0; k < 3 && !voci.Fine(); ++k) voci.Prossima();
     while (!voci.Fine())
         if (voci.Prossima() == u"BORDO") LeggiBordo(voci, l);

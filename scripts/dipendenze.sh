@@ -4,6 +4,8 @@ set -e
 pacchetti=(build-essential cmake qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev zlib1g-dev
   libminizip-dev libgtest-dev libgmock-dev libbenchmark-dev clang-format unzip fonts-dejavu-core
   qt6-translations-l10n qt6-image-formats-plugins)
+# GeoPackage and GeoJSON are written through GDAL (gis/).
+pacchetti+=(libgdal-dev)
 # The programs that check what leaves Tavolet as a user meets it: DXF, HTML, PDF readers.
 if [ "$1" != "run" ]; then
   pacchetti+=(python3-ezdxf gdal-bin chromium poppler-utils qpdf)
