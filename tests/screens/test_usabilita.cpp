@@ -74,6 +74,7 @@ TEST_F(FormSuDemo, StoricoRipristinaLaTerzultimaEAnnulla) {
         form->Voce("     &File    ", "&Salva")->trigger();
     }
     const QStringList attuali = Voci(form->Lista());
+    const QString percorso = s.doc.PercorsoLibretto;
     const QByteArray suDisco = radice.Leggi(kEsempio);
     const QList<VersioneLibretto> v = VersioniLibretto(s, kEsempio);
     ASSERT_EQ(v.size(), 4);
@@ -97,7 +98,7 @@ TEST_F(FormSuDemo, StoricoRipristinaLaTerzultimaEAnnulla) {
     form->Voce("Utilità", "Ricarica da Storico")->trigger();
     // The third newest version is the document after the first save; the file is unchanged.
     EXPECT_EQ(Voci(form->Lista()), salvati[0]);
-    EXPECT_EQ(s.doc.PercorsoLibretto, kEsempio);
+    EXPECT_EQ(s.doc.PercorsoLibretto, percorso);
     EXPECT_EQ(radice.Leggi(kEsempio), suDisco);
     QApplication::setActiveWindow(form.get());
     QTest::keyClick(form->Lista(), Qt::Key_Z, Qt::ControlModifier);
