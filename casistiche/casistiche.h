@@ -3,6 +3,8 @@
 // exploded form of the outlines.
 #pragma once
 
+#include "protezioni.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -20,8 +22,6 @@ struct Casistica {
     QString RigheProposta; // the same after the repair of a small building
     QString RigheAParte;   // outlines of porches and cellars, kept apart from the repair
 };
-
-inline const QString kNessunDato = QStringLiteral("Nessun dato trovato in memoria!");
 
 // The CAD list from the clipboard. False when nothing was generated (message shown).
 bool GeneraLibrettoDaList(Stato& stato, Casistica& c);

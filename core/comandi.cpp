@@ -5,6 +5,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "percorsi.h"
+#include "protezioni.h"
 #include "righe.h"
 #include "shell.h"
 #include "stato.h"
@@ -177,8 +178,8 @@ void IncollaDaExcel(Stato& stato, DaExcel comando) {
 }
 
 void LibrettoPerCoordinate(Stato& stato) {
-    ConTrappola(stato, QStringLiteral("LibrettoPerCoordinate"), [&] {
-        QString testo;
+    QString testo;
+    const bool letto = ConTrappola(stato, QStringLiteral("LibrettoPerCoordinate"), [&] {
         for (QString riga : Split(stato.piattaforma->Appunti(), CRLF)) {
             riga.replace(u'\t', u' ');
             while (riga.contains(QStringLiteral("  ")))
@@ -188,9 +189,8 @@ void LibrettoPerCoordinate(Stato& stato) {
             testo += QStringLiteral("8|") + parole[0] + u'|' + parole[1] + u'|' + parole[3] + u'|' +
                      CRLF;
         }
-        stato.doc.TestoLibretto = testo;
     });
-    CaricaLibrettoInList1(stato);
+    if (letto) SostituisciDocumento(stato, testo);
 }
 
 void CatturaPropostaInLibretto(Stato& stato) {

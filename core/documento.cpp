@@ -3,8 +3,10 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "percorsi.h"
+#include "protezioni.h"
 #include "righe.h"
 #include "stato.h"
+#include "storico.h"
 #include "testata.h"
 #include "testo.h"
 
@@ -19,47 +21,6 @@ QString RiduciCrLf(QString testo, int passate) {
     const QString doppio = CRLF + CRLF;
     for (int i = 0; i < passate; ++i) testo.replace(doppio, CRLF);
     return testo;
-}
-
-// Before a libretto is written over, the bytes it replaces go to CartellaLavoro\STORICO\ as
-// <name>~<date-time>, the last ten of each name kept: a save over the wrong file can always be
-// undone by hand. Keeping the copy must not stop the save, so its failures are not reported.
-void ScriviConStorico(Stato& stato, const QString& percorso, const QString& testo) {
-    try {
-        const QByteArray vecchi = EsisteFile(percorso) ? LeggiByte(percorso) : QByteArray();
-        if (!stato.amb.CartellaLavoro.isEmpty() && !vecchi.isEmpty() &&
-            vecchi != AWindows1252(testo)) {
-            const QString cartella = stato.amb.CartellaLavoro + QStringLiteral("\\STORICO");
-            CreaCartella(cartella);
-            const QString nome = NomeDelFile(percorso) + u'~';
-            const QString base =
-                cartella + u'\\' + nome +
-                stato.piattaforma->Adesso().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-            QStringList versioni;
-            for (const QString& f : QDir(PercorsoLocale(cartella)).entryList(QDir::Files))
-                if (f.startsWith(nome, Qt::CaseInsensitive)) versioni.append(f);
-            // Several saves in one second: the next number after the highest, so that the
-            // newest always sorts last even when the oldest have gone.
-            QString copia = base;
-            const QString radice = NomeDelFile(base);
-            int ultimo = -1; // -1: nothing of this second yet
-            for (const QString& f : versioni) {
-                if (f.compare(radice, Qt::CaseInsensitive) == 0)
-                    ultimo = std::max(ultimo, 0);
-                else if (f.size() == radice.size() + 4 &&
-                         f.startsWith(radice, Qt::CaseInsensitive) && f[radice.size()] == u'-')
-                    ultimo = std::max(ultimo, f.right(3).toInt());
-            }
-            if (ultimo >= 0)
-                copia = base + QStringLiteral("-%1").arg(ultimo + 1, 3, 10, QChar(u'0'));
-            ScriviByte(copia, vecchi);
-            versioni.append(NomeDelFile(copia));
-            versioni.sort(Qt::CaseInsensitive);
-            while (versioni.size() > 10) EliminaFile(cartella + u'\\' + versioni.takeFirst());
-        }
-    } catch (const std::exception&) {
-    }
-    ScriviTesto(percorso, testo);
 }
 
 // Line by line, each line followed by CRLF. A failure reports under the reader's own tag.
@@ -185,8 +146,7 @@ bool EsportaLibrettoInFile(Stato& stato) {
 }
 
 void IncollaDaAppunti(Stato& stato) {
-    stato.doc.TestoLibretto = stato.piattaforma->Appunti();
-    CaricaLibrettoInList1(stato);
+    SostituisciDocumento(stato, stato.piattaforma->Appunti());
 }
 
 QString ContatoreRighe(const Stato& stato) {
@@ -205,6 +165,16 @@ bool TrascinaLibretto(Stato& stato, const QString& percorso) {
     if (estensione == u".TXT" || estensione == u".DAT" || estensione == u".LXB") {
         if (p.Domanda(QStringLiteral("Sostituire il Libretto Esistente?"), titolo, Pulsanti::SiNo,
                       Risposta::Si) != Risposta::Si)
+            return false;
+        // A binary or foreign file would become thousands of rows, saved on the next close.
+        bool sembra = true;
+        ConTrappola(stato, QStringLiteral("CaricaLibrettoMisure"), [&] {
+            if (EsisteFile(percorso)) sembra = SembraLibretto(LeggiByte(percorso));
+        });
+        if (!sembra &&
+            p.Domanda(
+                QStringLiteral("Il file non sembra un libretto di Pregeo. Caricarlo comunque?"),
+                titolo, Pulsanti::SiNo, Risposta::No, Icona::Avviso) != Risposta::Si)
             return false;
         stato.doc.PercorsoLibretto = percorso;
         CaricaLibrettoMisure(stato);

@@ -2,6 +2,7 @@
 
 #include "errore.h"
 #include "percorsi.h"
+#include "protezioni.h"
 #include "testo.h"
 
 #include <QDir>
@@ -24,7 +25,10 @@ bool EsisteCartella(const QString& percorso) {
 QByteArray LeggiByte(const QString& percorso) {
     const QString locale = PercorsoLocale(percorso);
     QFileInfo info(locale);
-    if (!info.exists()) throw Errore(info.dir().exists() ? 53 : 76);
+    if (!info.exists()) {
+        const int numero = info.dir().exists() ? 53 : 76;
+        throw Errore(numero, DescrizioneFileMancante(numero, percorso));
+    }
     if (!info.isFile()) throw Errore(75);
     QFile f(locale);
     if (!f.open(QIODevice::ReadOnly)) throw Errore(75);

@@ -2,6 +2,7 @@
 
 #include "errore.h"
 #include "percorsi.h"
+#include "processi.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -61,12 +62,12 @@ ComandoAvvio ComandoDaAvviare(Stato& stato, const QString& riga) {
     return {host.first(), host.mid(1) + c.argomenti};
 }
 
-int AvviaProcessoHost(const QString& programma, const QStringList& argomenti) {
+bool AvviaProcesso(QProcess& p, const QString& programma, const QStringList& argomenti) {
     QString eseguibile = PercorsoLocale(programma);
     QStringList arg = argomenti;
     if (!SuWindows() && Eseguibile(programma)) {
         const QString wine = QStandardPaths::findExecutable(QStringLiteral("wine"));
-        if (wine.isEmpty()) return -1;
+        if (wine.isEmpty()) return false;
         arg.prepend(eseguibile);
         eseguibile = wine;
     } else if (!programma.contains(u'/') && !programma.contains(u'\\')) {
@@ -74,14 +75,22 @@ int AvviaProcessoHost(const QString& programma, const QStringList& argomenti) {
         const QString trovato = QStandardPaths::findExecutable(programma);
         if (!trovato.isEmpty()) eseguibile = trovato;
     }
-    QProcess p;
     p.setProcessChannelMode(QProcess::ForwardedChannels);
     p.setInputChannelMode(QProcess::ForwardedInputChannel);
     p.start(eseguibile, arg);
-    if (!p.waitForStarted(-1)) return -1;
-    p.waitForFinished(-1);
+    return p.waitForStarted(-1);
+}
+
+int EsitoProcesso(const QProcess& p) {
     // A program that started and then crashed is not one that could not start.
     return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
+}
+
+int AvviaProcessoHost(const QString& programma, const QStringList& argomenti) {
+    QProcess p;
+    if (!AvviaProcesso(p, programma, argomenti)) return -1;
+    p.waitForFinished(-1);
+    return EsitoProcesso(p);
 }
 
 QString MotivoMancatoAvvio(const QString& programma) {

@@ -4,6 +4,7 @@
 
 #include "errore.h"
 #include "file_testo.h"
+#include "protezioni.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -30,7 +31,7 @@ void SvuotaListe(ModelloGrafica& g) {
 }
 
 QStringList RigheDelFile(const QString& percorso) {
-    if (!EsisteFile(percorso)) throw Errore(53);
+    if (!EsisteFile(percorso)) throw Errore(53, DescrizioneFileMancante(53, percorso));
     return LeggiRighe(percorso);
 }
 

@@ -5,6 +5,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "percorsi.h"
+#include "protezioni.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -61,9 +62,10 @@ bool CaricaLibrettoDaPdf(Stato& stato, const QString& percorso) {
         const QString maiuscolo = UCase(percorso);
         const AttoDaPdf atto = LeggiBlocchiTag(stato, percorso);
         stato.TagRoutine = QStringLiteral("Decozero_138");
+        // A PDF without the blocks of a libretto leaves the document as it is.
+        if (!SostituisciDocumento(stato, atto.Libretto1000 + CRLF + atto.Libretto2000)) return;
         stato.doc.PercorsoLibretto =
             Replace(maiuscolo, QStringLiteral(".PDF"), QStringLiteral(".TXT"));
-        stato.doc.TestoLibretto = atto.Libretto1000 + CRLF + atto.Libretto2000;
         stato.doc.TestoPossessori = atto.Possessori;
         stato.doc.NomeEstratto = atto.EstrattoTrovato;
         CaricaLibrettoInList1(stato);

@@ -85,7 +85,10 @@ BV_ElcoPfGriglia::BV_ElcoPfGriglia(Stato& stato, const QString& provincia, const
     tabella_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     tabella_->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     const QList<int>& mezzi = MezziLarghezzeGriglia();
-    for (int c = 0; c < mezzi.size(); ++c) tabella_->setColumnWidth(c, mezzi[c] * UnitaBase() / 2);
+    // The widths of the grid, each at least its heading's.
+    for (int c = 0; c < mezzi.size(); ++c)
+        tabella_->setColumnWidth(c, std::max(mezzi[c] * UnitaBase() / 2,
+                                             tabella_->horizontalHeader()->sectionSizeHint(c)));
     colonna->addWidget(tabella_, 1);
     // A double click on a point opens its monograph.
     connect(tabella_, &QTableView::doubleClicked, this,

@@ -80,7 +80,9 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
     anteprima_ = new Anteprima(stato_, vista_);
     vista_->addWidget(grafica_);
     vista_->addWidget(anteprima_);
-    vista_->setMinimumSize(420, 360);
+    // Never narrower than the plot's own buttons and check boxes: a fixed minimum below them
+    // made the layout cut their captions.
+    vista_->setMinimumSize(vista_->minimumSizeHint().expandedTo(QSize(420, 360)));
     principale->addWidget(vista_, 3);
 
     auto* destra = new QVBoxLayout;
@@ -405,7 +407,7 @@ void BV_EstrattiDiMappa1::Esporta() {
 
 void BV_EstrattiDiMappa1::Importa() {
     const QString file = stato_.piattaforma->ApriFile(
-        QStringLiteral("Importa_Estrattodimappa"), QString(),
+        QStringLiteral("Importa Estratto di Mappa"), QString(),
         QStringLiteral("Importa EdM *.EMP|*.EMP|*.PNG|*.PNG|Estratto ZIP *.ZIP|*.ZIP|"));
     if (file.isEmpty()) return;
     const QStringList copiati = CopiaEstrattoInPregeo(stato_, file);

@@ -11,12 +11,14 @@
 #include "FormImportaFiduciali.h"
 #include "FormInformazioni.h"
 #include "FormRiordinoRighe.h"
+#include "FormStorico.h"
 #include "Tipol10.h"
 #include "fiduciali.h"
 #include "libretto.h"
 #include "piattaforma_qt.h"
 #include "posizione.h"
 #include "pregeo.h"
+#include "protezioni.h"
 #include "riordino.h"
 #include "trova.h"
 
@@ -166,7 +168,12 @@ void BV_LibrettoOriginale::CostruisciMenu() {
     NuovaVoce(utilita, QStringLiteral("Crea Collegamenti Pregeo"),
               [this] { CreaCollegamentiPregeo(stato_); });
     NuovaVoce(utilita, QStringLiteral("Info Misurate PF"), [this] { InfoMisuratePF(); });
-    NuovaVoce(utilita, QStringLiteral("Ricarica da Storico"));
+    NuovaVoce(utilita, QStringLiteral("Ricarica da Storico"), [this] {
+        if (const auto v = FormStorico::Esegui(stato_, this))
+            Comando([this, v] { RipristinaVersione(stato_, *v); },
+                    QStringLiteral("Ripristinata la versione del ") +
+                        v->quando.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")));
+    });
     // The browser of the TAF archive has no entry of its own in Pregeo's tools; here it has one.
     NuovaVoce(utilita, QStringLiteral("Archivio Punti Fiduciali TAF"),
               [this] { BV_ElcoPf::Esegui(stato_, this); });
@@ -228,7 +235,7 @@ void BV_LibrettoOriginale::CostruisciPulsanti(QGridLayout* griglia) {
     collega(16, [this] { subModificaDiretta(); });
     collega(17, [this] { subModelloCensuario(); });
     collega(18, [this] { ApriEstratti(); });
-    collega(25, [this] { pannelloUtilita_->setVisible(true); });
+    collega(25, [this] { MostraPannelloUtilita(true); });
     collega(27, [this] { Comando([this] { SelezionaStazioni(stato_); }); });
     collega(28, [this] { Comando([this] { SelezionaPF(stato_); }); });
     collega(30, [this] { Comando([this] { InvertiSelezione(stato_); }); });
@@ -270,6 +277,8 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     righe_->viewport()->setAcceptDrops(true);
     righe_->viewport()->installEventFilter(this);
     righe_->installEventFilter(this);
+    // The rows come first for the keyboard: arrows and Delete act on them from the start.
+    QWidget::setTabOrder(righe_, trova_);
     sinistra->addWidget(righe_, 1);
     orizzontale->addLayout(sinistra, 1);
 
@@ -325,7 +334,8 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     pannelloUtilita_->setVisible(false);
     destra->addWidget(pannelloUtilita_);
 
-    auto* opzioniBox = new QGroupBox(QStringLiteral("Opzioni di Salvataggio in Pregeo"));
+    opzioniBox_ = new QGroupBox(QStringLiteral("Opzioni di Salvataggio in Pregeo"));
+    auto* opzioniBox = opzioniBox_;
     auto* opzioniLayout = new QVBoxLayout(opzioniBox);
     opzioni_ = new QListWidget;
     opzioni_->setObjectName(QStringLiteral("OpzioniSalvataggio"));
@@ -375,6 +385,13 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
     });
 }
 
+// The utility panel stands where the save options stood: the form keeps its height, which a
+// panel added below them pushed past the bottom of a small screen.
+void BV_LibrettoOriginale::MostraPannelloUtilita(bool visibile) {
+    opzioniBox_->setVisible(!visibile);
+    pannelloUtilita_->setVisible(visibile);
+}
+
 QPushButton* BV_LibrettoOriginale::Pulsante(const QString& caption) const {
     for (QPushButton* b : findChildren<QPushButton*>())
         if (b->text() == caption) return b;
@@ -411,6 +428,7 @@ bool BV_LibrettoOriginale::Carica(const QString& rigaComando) {
     Avvisa(stato_.doc.PercorsoLibretto.isEmpty()
                ? QStringLiteral("Nuovo libretto")
                : QStringLiteral("Aperto ") + stato_.doc.PercorsoLibretto);
+    righe_->setFocus(Qt::OtherFocusReason);
     // Under a bare X server the title set before mapping can be lost: set it once more.
     QTimer::singleShot(0, this, [this] { Righe_Indice(); });
     return true;
@@ -581,13 +599,7 @@ void BV_LibrettoOriginale::TrovaSuccessiva() {
 }
 
 void BV_LibrettoOriginale::NuovoLibretto() {
-    Comando(
-        [this] {
-            stato_.doc.TestoLibretto.clear();
-            stato_.doc.TestoPossessori.clear();
-            CaricaLibrettoInList1(stato_);
-        },
-        QStringLiteral("Nuovo libretto"));
+    Comando([this] { tavolet::NuovoLibretto(stato_); }, QStringLiteral("Nuovo libretto"));
     ApriConfigurazione();
 }
 
@@ -762,7 +774,7 @@ bool BV_LibrettoOriginale::eventFilter(QObject* o, QEvent* e) {
     } else if (e->type() == QEvent::Enter && qobject_cast<QPushButton*>(o) &&
                o != pulsanti_.value(25)) {
         // Moving over any other command button hides the utility panel.
-        pannelloUtilita_->setVisible(false);
+        MostraPannelloUtilita(false);
     }
     return QMainWindow::eventFilter(o, e);
 }

@@ -10,6 +10,7 @@
 class QAction;
 class QFrame;
 class QGridLayout;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -64,6 +65,7 @@ private:
     void CostruisciMenu();
     void CostruisciPannelli();
     void CostruisciPulsanti(QGridLayout* griglia);
+    void MostraPannelloUtilita(bool visibile);
     QAction* NuovaVoce(QMenu* menu, const QString& caption, std::function<void()> azione = {});
     void MostraRighe();
     void MostraDati();
@@ -107,6 +109,7 @@ private:
     QLineEdit* codiceFiscale_ = nullptr;
     QPlainTextEdit* possessori_ = nullptr;
     QFrame* pannelloUtilita_ = nullptr;
+    QGroupBox* opzioniBox_ = nullptr;
     QListWidget* opzioni_ = nullptr;
     QMap<int, QPushButton*> pulsanti_;
     bool mostrando_ = false;

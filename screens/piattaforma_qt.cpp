@@ -1,6 +1,7 @@
 #include "piattaforma_qt.h"
 
 #include "percorsi.h"
+#include "processi.h"
 #include "shell.h"
 
 #include <QApplication>
@@ -12,16 +13,20 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QSocketNotifier>
 #include <QStandardPaths>
 #include <QTextDocument>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include <csignal>
 #include <sys/socket.h>
@@ -146,16 +151,72 @@ Risposta PiattaformaQt::Domanda(const QString& testo, const QString& titolo, Pul
     }
 }
 
+QStringList FiltriDialogo(const QString& filtro) {
+    if (!filtro.contains(u'|')) return filtro.split(QStringLiteral(";;"), Qt::SkipEmptyParts);
+    QStringList pezzi = filtro.split(u'|');
+    while (!pezzi.isEmpty() && pezzi.last().trimmed().isEmpty()) pezzi.removeLast();
+    QStringList filtri;
+    for (qsizetype i = 0; i < pezzi.size(); i += 2) {
+        // A description without its patterns takes them from itself.
+        const QString modelli = i + 1 < pezzi.size() ? pezzi[i + 1] : pezzi[i];
+        QStringList elenco;
+        for (const QString& m :
+             modelli.split(QRegularExpression(QStringLiteral("[;,\\s]+")), Qt::SkipEmptyParts))
+            if (m.contains(u'*') || m.contains(u'.')) elenco << m.trimmed();
+        if (elenco.isEmpty()) continue;
+        // The patterns written in the description go: the dialog shows them once, in brackets.
+        QStringList parole;
+        for (const QString& p : pezzi[i].split(u' ', Qt::SkipEmptyParts))
+            if (!p.contains(u'*') && p != u"()") parole << p;
+        QString descrizione = parole.join(u' ');
+        if (descrizione.isEmpty()) {
+            QString estensione = elenco.first();
+            estensione.remove(u'*').remove(u'.');
+            descrizione = QStringLiteral("File ") + estensione.toUpper();
+        }
+        filtri << descrizione + QStringLiteral(" (") + elenco.join(u' ') + u')';
+    }
+    return filtri;
+}
+
+std::unique_ptr<QFileDialog> CreaDialogoFile(QWidget* parent, const QString& titolo,
+                                             const QString& cartella, const QString& filtro,
+                                             bool salva) {
+    auto d = std::make_unique<QFileDialog>(parent, titolo);
+    // Qt's own dialog: it matches the patterns without regard to case on every system, as
+    // Windows does, where the native one of some desktops lists "x.emp" under "*.EMP" as nothing.
+    d->setOption(QFileDialog::DontUseNativeDialog);
+    d->setFilter(QDir::AllEntries | QDir::AllDirs | QDir::NoDotAndDotDot);
+    d->setAcceptMode(salva ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    d->setFileMode(salva ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    const QStringList filtri = FiltriDialogo(filtro);
+    if (!filtri.isEmpty()) d->setNameFilters(filtri);
+    QString dir = PercorsoLocale(cartella);
+    if (cartella.isEmpty() || !QFileInfo(dir).isDir()) dir = QDir::homePath();
+    d->setDirectory(dir);
+    return d;
+}
+
+namespace {
+
+QString Scegli(QWidget* finestra, const QString& titolo, const QString& cartella,
+               const QString& filtro, bool salva, const QString& nome = QString()) {
+    const auto d = CreaDialogoFile(finestra, titolo, cartella, filtro, salva);
+    if (!nome.isEmpty()) d->selectFile(nome);
+    if (d->exec() != QDialog::Accepted || d->selectedFiles().isEmpty()) return QString();
+    return d->selectedFiles().first();
+}
+
+} // namespace
+
 QString PiattaformaQt::ApriFile(const QString& titolo, const QString& cartella,
                                 const QString& filtro) {
-    return QFileDialog::getOpenFileName(finestra_, titolo, PercorsoLocale(cartella), filtro);
+    return Scegli(finestra_, titolo, cartella, filtro, false);
 }
 
 QString PiattaformaQt::SalvaFile(const QString& titolo, const QString& cartella,
                                  const QString& nome, const QString& filtro) {
-    QString dir = PercorsoLocale(cartella);
-    if (!QFileInfo(dir).isDir()) dir = QDir::homePath();
-    return QFileDialog::getSaveFileName(finestra_, titolo, dir + u'/' + nome, filtro);
+    return Scegli(finestra_, titolo, cartella, filtro, true, nome);
 }
 
 std::optional<Carattere> PiattaformaQt::ScegliCarattere(const Carattere& iniziale) {
@@ -186,7 +247,27 @@ void PiattaformaQt::SalvaImpostazione(const QString& sezione, const QString& chi
 }
 
 int PiattaformaQt::AvviaEAttendi(const QString& programma, const QStringList& argomenti) {
-    return AvviaProcessoHost(programma, argomenti);
+    QProcess processo;
+    if (!AvviaProcesso(processo, programma, argomenti)) return -1;
+    // A quick helper ends before anything is shown.
+    if (processo.waitForFinished(400)) return EsitoProcesso(processo);
+    // The wait has no limit, but the window stays painted and the operator may stop the child:
+    // the caller then goes on as with a helper that left no result.
+    QDialog attesa(finestra_);
+    attesa.setObjectName(QStringLiteral("AttesaProgramma"));
+    attesa.setWindowTitle(QStringLiteral("Tavolet"));
+    attesa.setModal(true);
+    auto* colonna = new QVBoxLayout(&attesa);
+    colonna->addWidget(new QLabel(
+        QStringLiteral("In attesa di ") + NomeDelFile(programma) + QStringLiteral("…"), &attesa));
+    auto* interrompi = new QPushButton(QStringLiteral("Interrompi"), &attesa);
+    colonna->addWidget(interrompi, 0, Qt::AlignRight);
+    QObject::connect(interrompi, &QPushButton::clicked, &attesa, [&processo] { processo.kill(); });
+    QObject::connect(&processo, &QProcess::finished, &attesa, &QDialog::accept);
+    // A close of the box (Esc) is no stop: the wait goes on until the child ends.
+    while (processo.state() != QProcess::NotRunning) attesa.exec();
+    processo.waitForFinished(-1);
+    return EsitoProcesso(processo);
 }
 
 int PiattaformaQt::TerminaProcessi(const QString& nome) {

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QFileDialog;
+
 namespace tavolet {
 
 class PiattaformaQt : public Piattaforma {
@@ -43,6 +45,16 @@ private:
     QWidget* finestra_ = nullptr;
     std::unique_ptr<QLockFile> blocco_;
 };
+
+// The filters as the program writes them, in the old form of pairs of description and
+// patterns ("Importa EdM *.EMP|*.EMP|*.PNG|*.PNG|") or in Qt's ("Libretti (*.dat *.txt)"), as
+// the entries of Qt's dialog: "Importa EdM (*.EMP)", "File PNG (*.PNG)".
+QStringList FiltriDialogo(const QString& filtro);
+// The file dialog of the platform, which lists the files of the chosen filter whatever the case
+// of their names. Built apart so that a test can look at what it lists.
+std::unique_ptr<QFileDialog> CreaDialogoFile(QWidget* parent, const QString& titolo,
+                                             const QString& cartella, const QString& filtro,
+                                             bool salva);
 
 // Conversions between the font of the settings file and Qt's.
 QFont FontDa(const Carattere& c);

@@ -1,4 +1,6 @@
+#include "protezioni.h"
 #include "prova_configurazione.h"
+#include "storico.h"
 
 #include <QDir>
 
@@ -12,7 +14,7 @@ namespace {
 using StoricoProva = ConfigurazioneProva;
 
 QStringList Versioni(const Stato& s) {
-    return QDir(PercorsoLocale(s.amb.CartellaLavoro + "\\STORICO")).entryList(QDir::Files);
+    return QDir(PercorsoLocale(CartellaStorico(s))).entryList(QDir::Files);
 }
 
 } // namespace
@@ -27,14 +29,21 @@ TEST_F(StoricoProva, NuovoAnnullatoEChiusoSiRecupera) {
     ScriviLibrettoMisure(s);
     EXPECT_TRUE(Versioni(s).isEmpty());
 
-    // "Nuovo", "Annulla", then the close saves the empty document over the old path.
-    s.doc.TestoLibretto.clear();
-    CaricaLibrettoInList1(s);
+    // "Nuovo", "Annulla", then the close: the new document belongs to no file, so the close
+    // asks where to write it and the old file stays as it was.
+    NuovoLibretto(s);
+    EXPECT_TRUE(ChiusuraProgramma(s));
+    EXPECT_EQ(p.eventi.last().tipo, "salva");
+    EXPECT_EQ(radice.Leggi("C:\\Lavori\\ATTO.DAT"), originale);
+    EXPECT_TRUE(Versioni(s).isEmpty());
+
+    // Saved over the old file on purpose, its bytes are kept.
+    s.doc.PercorsoLibretto = "C:\\Lavori\\ATTO.DAT";
     ChiusuraProgramma(s);
     EXPECT_NE(radice.Leggi("C:\\Lavori\\ATTO.DAT"), originale);
     const QStringList v = Versioni(s);
     ASSERT_EQ(v, QStringList{"ATTO.DAT~20260115-103000"});
-    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\STORICO\\" + v[0]), originale);
+    EXPECT_EQ(radice.Leggi(CartellaStorico(s) + "\\" + v[0]), originale);
 
     // Ten versions of a name are kept, the oldest go; another name has its own.
     for (int i = 0; i < 12; ++i) {
@@ -49,7 +58,7 @@ TEST_F(StoricoProva, NuovoAnnullatoEChiusoSiRecupera) {
     EXPECT_EQ(tutte.filter("ATTO.DAT~").size(), 10);
     EXPECT_EQ(tutte.filter("ATTO2.DAT~"), QStringList{"ATTO2.DAT~20260115-103000"});
     // The newest version holds the bytes of the save before the last one.
-    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\STORICO\\" + tutte.filter("ATTO.DAT~").last()),
+    EXPECT_EQ(radice.Leggi(CartellaStorico(s) + "\\" + tutte.filter("ATTO.DAT~").last()),
               QByteArray("0|10|\r\n") + "6|<EST>|\r\n6|<COD>|\r\n6|<ISC>|\r\n");
     EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join('\n').toStdString();
 }

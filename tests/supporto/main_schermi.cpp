@@ -1,5 +1,6 @@
 // The screens need a QApplication before any widget; offscreen when no platform is set. Qt's
 // own dialogs speak Italian here as in the program.
+#include "schermo_prova.h"
 #include "traduzioni.h"
 
 #include <QApplication>
@@ -8,6 +9,7 @@
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    tavolet::test::SchermoDiProva();
     QApplication app(argc, argv);
     tavolet::InstallaTraduzioniItaliane();
     ::testing::InitGoogleTest(&argc, argv);
