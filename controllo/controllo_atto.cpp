@@ -45,8 +45,9 @@ struct Silenzioso {
 void ControllaTestata(Stato& stato, QList<Rilievo>& r, const QStringList& campi) {
     const QDate oggi = stato.piattaforma->Adesso().date();
     const QString data = campi.value(1);
-    if (DataNelFormato(data) && Numero(data, true)) {
-        const QDate giorno = DataDaTesto(data);
+    const QDate giorno = DataNelFormato(data) && Numero(data, true) ? DataDaTesto(data) : QDate();
+    // A date that is not real is the grammar's finding; it is compared with today only when real.
+    if (giorno.isValid() && giorno.toString(QStringLiteral("ddMMyyyy")) == data) {
         if (giorno > oggi)
             Aggiungi(r, "DATA_FUTURA", true, 1,
                      QStringLiteral("Data del libretto %1 successiva a oggi (%2)")

@@ -168,7 +168,10 @@ void ChiudiContorno(QList<Rilievo>& r, Contorno& k) {
 
 void Sette(QList<Rilievo>& r, const QString& riga, int n, const Campi& c, Contorno& k,
            QStringList& nomi) {
-    const RigaScomposta s = ScomponiRiga(riga);
+    // The working marks go before the split: the P of "<P!>" would close the points.
+    QString pulita = riga;
+    if (pulita.contains(u'<')) PulisciRigaMarche(pulita);
+    const RigaScomposta s = ScomponiRiga(pulita);
     const bool seguito = Val(c[1]) == 0;
     const QString tipo = s.Campo(2 + s.NumeroPunti);
     if (!seguito) {
@@ -184,10 +187,8 @@ void Sette(QList<Rilievo>& r, const QString& riga, int n, const Campi& c, Contor
                  QStringLiteral("%1 punti su una riga 7: al massimo 10, gli altri su righe "
                                 "\"7|0|\"")
                      .arg(s.NumeroPunti));
-    if (tipo.isEmpty())
-        Aggiungi(r, "SETTE_TIPO", true, n,
-                 QStringLiteral("Contorno senza codice di tipo (come RC) dopo i punti"));
-    else if (seguito && k.riga > 0 && tipo != k.tipo)
+    // A line without a type code (a dividing line of the generator) is one Pregeo takes.
+    if (seguito && k.riga > 0 && tipo != k.tipo)
         Aggiungi(r, "SETTE_TIPO", true, n,
                  QStringLiteral("Codice di tipo %1 diverso da %2 della riga %3")
                      .arg(Virgolette(tipo), Virgolette(k.tipo))
@@ -345,6 +346,9 @@ QList<Rilievo> ControllaRighe(const QStringList& righe) {
                 if (!c[k].trimmed().isEmpty()) noti.insert(NomePunto(c[k]));
             break;
         case 6:
+            // The Proposta is the updated map: its rows 8 are in the map's frame, not the
+            // survey's, and are compared among themselves.
+            if (riga == u"6|ESTRATTO DI MAPPA|") coordinate.clear();
             relazione = relazione || riga.contains(kRelazioneTecnica);
             modello = modello || RigaCensuaria(riga);
             break;
@@ -355,6 +359,15 @@ QList<Rilievo> ControllaRighe(const QStringList& righe) {
             break;
         }
         case 8: {
+            // A height row: "8|name|height|reliability|reference|", the reliability a code of
+            // two digits where a row of coordinates has its east.
+            if (c[3].size() <= 2 && Numero(c[3], true)) {
+                if (!Numero(c[2], false))
+                    Aggiungi(r, "COORDINATE", true, n,
+                             QStringLiteral("Riga 8 della quota di %1: quota %2 non numerica")
+                                 .arg(Virgolette(c[1]), Virgolette(c[2])));
+                break;
+            }
             Misure(r, tipo, n, c);
             const QString nome = NomePunto(c[1]);
             if (!Numero(c[2], false) || !Numero(c[3], false)) break;
