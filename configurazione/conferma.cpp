@@ -12,10 +12,7 @@
 
 namespace tavolet {
 
-namespace {
-
-// A ddmmyyyy text as a date; days and months out of range carry over as the runtime's own
-// date arithmetic does ("32012026" is the first of February).
+// Days and months out of range carry over as the runtime's own date arithmetic does.
 QDate DataDaTesto(const QString& testo) {
     const int giorno = int(Val(Left(testo, 2)));
     const int mese = int(Val(Mid(testo, 3, 2)));
@@ -23,11 +20,21 @@ QDate DataDaTesto(const QString& testo) {
     return QDate(std::clamp(anno, 100, 9999), 1, 1).addMonths(mese - 1).addDays(giorno - 1);
 }
 
+bool ProtocolloNonNumerico(const QString& protocollo) {
+    return Val(protocollo) < 1;
+}
+
+bool DataNelFormato(const QString& data) {
+    return data.size() == 8;
+}
+
+namespace {
+
 void ControllaData(Stato& stato, FormConfigurazione& f) {
     Piattaforma& p = *stato.piattaforma;
     QString& data = f.Campi[0];
     if (f.Check2) data = DataDiOggi(stato);
-    if (data.size() != 8) {
+    if (!DataNelFormato(data)) {
         p.Messaggio(QStringLiteral("Formato Data Errato!!"), QStringLiteral("Errore nella data"),
                     Icona::Avviso);
         data = DataDiOggi(stato);
@@ -118,7 +125,7 @@ bool ConfermaConfigurazione0(Stato& stato, FormConfigurazione& f) {
         Piattaforma& p = *stato.piattaforma;
         Testata& t = stato.testata;
         auto& c = f.Campi;
-        if (Val(c[1]) < 1)
+        if (ProtocolloNonNumerico(c[1]))
             p.Messaggio(QStringLiteral("Protocollo non numerico!"),
                         QStringLiteral("Protocollo non Numerico"), Icona::Avviso);
         ControllaData(stato, f);

@@ -3,6 +3,7 @@
 // rows 0 and 9.
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <QStringList>
 
@@ -96,6 +97,16 @@ bool ConfermaConfigurazione0(Stato& stato, FormConfigurazione& f);
 // "SalvaTecnico": Tecnico from Cognome and Nome, the technician's file written,
 // INCLUDIDATITECNICO stored, and when asked PREGEO.INI rewritten.
 void SalvaTecnico(Stato& stato, bool riscriviPregeoIni = true);
+
+// The conditions the confirmation warns about, which the act's check reports as well.
+// A ddmmyyyy text as a date ("32012026" is the first of February).
+QDate DataDaTesto(const QString& ddmmyyyy);
+// "Protocollo non numerico!": a protocol whose value is below 1.
+bool ProtocolloNonNumerico(const QString& protocollo);
+// "Formato Data Errato!!" unless the date has its eight characters.
+bool DataNelFormato(const QString& data);
+// The row that opens the technical report.
+inline const QString kRelazioneTecnica = QStringLiteral("***** Relazione  Tecnica *****");
 
 // Today as the form writes it: ddmmyyyy.
 QString DataDiOggi(const Stato& stato);

@@ -16,7 +16,6 @@ inline QString TagForm() {
 inline const QString kSezioneCheck1 = QStringLiteral("Aggiorna_Default_Pregeo");
 inline const QString kSezioneCheck2 = QStringLiteral("Aggiorna_Default_Data");
 inline const QString kDatiCensuario = QStringLiteral("6|Dati per aggiornare il D.B. Censuario");
-inline const QString kRelazioneTecnica = QStringLiteral("***** Relazione  Tecnica *****");
 inline const QString kDettaglioTipoAgg = QStringLiteral("DettaglioTipoAgg");
 inline const QString kFiguraQuota = QStringLiteral("#####0");
 inline const QString kFiguraEst = QStringLiteral("##########0");

@@ -1,5 +1,6 @@
 #include "BV_LibrettoOriginale.h"
 
+#include "BV_ControlloAtto.h"
 #include "BV_Dapregeo.h"
 #include "BV_EDM.h"
 #include "BV_EditorGen.h"
@@ -47,6 +48,8 @@ namespace tavolet {
 namespace {
 
 const QString kNomeForm = QStringLiteral("BV_LibrettoOriginale");
+const QString kOpzioneControllo =
+    QStringLiteral("Controlla l'atto prima del salvataggio in Pregeo");
 
 struct DefinizionePulsante {
     int indice;
@@ -177,6 +180,10 @@ void BV_LibrettoOriginale::CostruisciMenu() {
     // The browser of the TAF archive has no entry of its own in Pregeo's tools; here it has one.
     NuovaVoce(utilita, QStringLiteral("Archivio Punti Fiduciali TAF"),
               [this] { BV_ElcoPf::Esegui(stato_, this); });
+    // The act's check before it leaves: what Pregeo or the registry would send back.
+    NuovaVoce(utilita, QStringLiteral("Controllo Atto"), [this] {
+        ApriControlloAtto();
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
 
     QAction* estratti = barra->addAction(QStringLiteral("Estratti di Mappa"));
     connect(estratti, &QAction::triggered, this, [this] { ApriEstratti(); });
@@ -229,7 +236,7 @@ void BV_LibrettoOriginale::CostruisciPulsanti(QGridLayout* griglia) {
     collega(5, [this] { Comando([this] { VrsMeno(stato_); }); });
     collega(11, [this] { Comando([this] { VrsPiu(stato_); }); });
     collega(6, [this] { AvviaProgrammaSarvento(stato_, kDexaro); });
-    collega(20, [this] { AvviaProgrammaSarvento(stato_, kSarquad); });
+    collega(20, [this] { SalvaInPregeo(); });
     collega(10, [this] { NuovoLibretto(); });
     collega(14, [this] { Ordina(); });
     collega(16, [this] { subModificaDiretta(); });
@@ -344,6 +351,10 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
         voce->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         voce->setCheckState(Qt::Checked);
     }
+    // The one option that something reads: the act's check before "Salva in Pregeo".
+    auto* controlla = new QListWidgetItem(kOpzioneControllo, opzioni_);
+    controlla->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+    controlla->setCheckState(Qt::Checked);
     opzioniLayout->addWidget(opzioni_);
     destra->addWidget(opzioniBox, 3);
 
@@ -648,6 +659,53 @@ void BV_LibrettoOriginale::Invio() {
 void BV_LibrettoOriginale::EliminaRighe() {
     Comando([this] { EliminaRigheSelezionate(stato_); });
     righe_->setFocus();
+}
+
+void BV_LibrettoOriginale::ApriControlloAtto() {
+    LeggiSelezione();
+    if (!controllo_) {
+        controllo_ = new BV_ControlloAtto(
+            stato_, [this](int riga) { SelezionaRiga(riga); }, this);
+    } else {
+        controllo_->Aggiorna();
+    }
+    controllo_->show();
+    controllo_->raise();
+    controllo_->activateWindow();
+}
+
+void BV_LibrettoOriginale::SelezionaRiga(int riga) {
+    if (riga < 1 || riga > righe_->count()) return;
+    righe_->clearSelection();
+    righe_->setCurrentRow(riga - 1, QItemSelectionModel::ClearAndSelect);
+    righe_->scrollToItem(righe_->item(riga - 1));
+    LeggiSelezione();
+    Righe_Indice();
+    activateWindow();
+}
+
+bool BV_LibrettoOriginale::SalvaInPregeo() {
+    const QList<QListWidgetItem*> opzione =
+        opzioni_->findItems(kOpzioneControllo, Qt::MatchExactly);
+    if (!opzione.isEmpty() && opzione.first()->checkState() == Qt::Checked) {
+        LeggiSelezione();
+        const QList<Rilievo> rilievi = ControllaAtto(stato_);
+        if (CiSonoErrori(rilievi)) {
+            ApriControlloAtto();
+            const int errori = ContaGravita(rilievi, kErrore);
+            if (stato_.piattaforma->Domanda(
+                    QStringLiteral("Il controllo dell'atto ha trovato %1 %2.")
+                            .arg(errori)
+                            .arg(errori == 1 ? QStringLiteral("errore")
+                                             : QStringLiteral("errori")) +
+                        CRLF + QStringLiteral("Salvare comunque?"),
+                    QStringLiteral("Controllo Atto"), Pulsanti::SiNo, Risposta::No,
+                    Icona::Avviso) != Risposta::Si)
+                return false;
+        }
+    }
+    AvviaProgrammaSarvento(stato_, kSarquad);
+    return true;
 }
 
 void BV_LibrettoOriginale::PulisciOpzioniSalvataggio() {

@@ -20,6 +20,8 @@ class QPushButton;
 
 namespace tavolet {
 
+class BV_ControlloAtto;
+
 class BV_LibrettoOriginale : public QMainWindow {
     Q_OBJECT
 public:
@@ -55,6 +57,14 @@ public:
     // The two commands of the save options that have no control on the form.
     void PulisciOpzioniSalvataggio();
     void SelezionaTutteOpzioni();
+    // "Controllo Atto" (Utilità, Ctrl+Maiusc+K): the report beside the form, shown again.
+    void ApriControlloAtto();
+    BV_ControlloAtto* ControlloAtto() const { return controllo_; }
+    // Selects that row (1-based) alone and shows it, as a click on it does.
+    void SelezionaRiga(int riga);
+    // "&Salva in Pregeo": with the option of the check on, an act with an Errore shows its
+    // report and asks before the sibling tool starts. False when the operator stopped it.
+    bool SalvaInPregeo();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -111,6 +121,7 @@ private:
     QFrame* pannelloUtilita_ = nullptr;
     QGroupBox* opzioniBox_ = nullptr;
     QListWidget* opzioni_ = nullptr;
+    BV_ControlloAtto* controllo_ = nullptr;
     QMap<int, QPushButton*> pulsanti_;
     bool mostrando_ = false;
     QLineEdit* trova_ = nullptr;
