@@ -1,6 +1,7 @@
 #include "comuni.h"
 
 #include "libretto.h"
+#include "nome_file.h"
 
 #include <QDir>
 #include <QMap>
@@ -140,7 +141,8 @@ int GeneraComuniHtml(Stato& stato, const QStringList& righe) {
         const QString cartella = stato.amb.CartellaLavoro + QStringLiteral("\\RISORSE");
         CreaCartella(cartella);
         for (const QString& sigla : sigle) {
-            ScriviTesto(cartella + u'\\' + sigla + QStringLiteral("_Comuni.TXT"), testi[sigla]);
+            ScriviTesto(cartella + u'\\' + NomeFileSicuro(sigla + QStringLiteral("_Comuni.TXT")),
+                        testi[sigla]);
             ++scritti;
         }
     });

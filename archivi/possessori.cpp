@@ -1,6 +1,7 @@
 #include "possessori.h"
 
 #include "libretto.h"
+#include "nome_file.h"
 
 #include <QDir>
 
@@ -31,7 +32,7 @@ QStringList ElencoPossessori(const Stato& stato) {
 QString LeggiFilePossessori(Stato& stato, const QString& nome) {
     QString testo;
     ConTrappola(stato, QStringLiteral("ArchivioPossessori"),
-                [&] { testo = LeggiTesto(CartellaVisure(stato) + nome); });
+                [&] { testo = LeggiTesto(CartellaVisure(stato) + NomeFileSicuro(nome)); });
     return testo;
 }
 
@@ -72,14 +73,14 @@ bool SalvaModifichePossessori(Stato& stato, const QString& nomeFile, const QStri
     if (testoFile.trimmed().isEmpty() || Trim(nomeFile).isEmpty()) return false;
     return ConTrappola(stato, QStringLiteral("SalvaModifichePossessori"), [&] {
         CreaCartella(CartellaVisure(stato));
-        ScriviTesto(CartellaVisure(stato) + nomeFile, testoFile);
+        ScriviTesto(CartellaVisure(stato) + NomeFileSicuro(nomeFile), testoFile);
     });
 }
 
 void EliminaArchivioPossessori(Stato& stato, const QString& nomeFile) {
     if (Trim(nomeFile).isEmpty()) return;
     ConTrappola(stato, QStringLiteral("EliminaArchivioPossessori"),
-                [&] { EliminaFile(CartellaVisure(stato) + nomeFile); });
+                [&] { EliminaFile(CartellaVisure(stato) + NomeFileSicuro(nomeFile)); });
 }
 
 } // namespace tavolet

@@ -5,6 +5,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "grafica.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "stato.h"
 #include "testo.h"
@@ -14,7 +15,8 @@
 namespace tavolet {
 
 QString PercorsoDescrizioneTipologia(const Stato& stato, const QString& codice) {
-    return PercorsoTempCasistiche(stato, QStringLiteral("TIPOL") + codice + QStringLiteral(".TXT"));
+    return PercorsoTempCasistiche(
+        stato, NomeFileSicuro(QStringLiteral("TIPOL") + codice + QStringLiteral(".TXT")));
 }
 
 AperturaTipologia ApriTipologia(Stato& stato, const QString& codice) {

@@ -3,6 +3,7 @@
 #include "errore.h"
 #include "estratto.h"
 #include "file_testo.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "piattaforma.h"
 #include "righe.h"
@@ -117,7 +118,8 @@ QString ComponiRigaParticella(CampiParticella& c) {
 }
 
 QString NomeFileParticella(const CampiParticella& c) {
-    return UCase(c.Comune + u'_' + c.Foglio + u'_' + c.Mappale + QStringLiteral(".map"));
+    return NomeFileSicuro(
+        UCase(c.Comune + u'_' + c.Foglio + u'_' + c.Mappale + QStringLiteral(".map")));
 }
 
 QString AggiornaTestoEstratto(const QString& testoEstratto, const QString& nuovaRiga) {
@@ -249,10 +251,7 @@ int ScriviParticelle(Stato& stato, const QList<FileParticella>& file) {
     if (!EsisteCartella(cartella)) CreaCartella(cartella);
     int n = 0;
     for (const FileParticella& f : file) {
-        // A name is one file of the folder: separators in a parcel's name cannot make folders.
-        QString nome = f.nome;
-        nome.replace(u'/', u'_').replace(u'\\', u'_');
-        ScriviTesto(cartella + nome, f.riga + CRLF);
+        ScriviTesto(cartella + NomeFileSicuro(f.nome), f.riga + CRLF);
         ++n;
     }
     return n;

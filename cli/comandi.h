@@ -36,11 +36,11 @@ void PreparaAmbiente(Stato& stato);
 bool CaricaComeTrascinamento(Stato& stato, const QString& percorso);
 // A path given on the command line, made absolute.
 QString PercorsoArgomento(const QString& argomento);
-// An input file of a command: false, after the "not found" message, when it is missing, a
-// folder, unreadable, or empty where that is not allowed. Every argument that a command's usage
-// names as an input (IN, FILE, PERCORSO, LIBRETTO, IN.EMP, FILE...) is checked so before the
-// command runs.
-bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento, bool vuotoAmmesso);
+// An input file of a command: false, after the "not found" message, when it is missing or a
+// folder; X.LXB is there when X.DAT is, and a file of 0 bytes is empty input. Every argument
+// that a command's usage names as an input (IN, FILE, PERCORSO, LIBRETTO, IN.EMP, FILE...) is
+// checked so before the command runs.
+bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento);
 bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
                        Piattaforma& piattaforma);
 

@@ -3,6 +3,7 @@
 #include "comandi.h"
 
 #include "censuario.h"
+#include "nome_file.h"
 
 namespace tavolet::cli {
 
@@ -173,8 +174,7 @@ int ScriviInCartella(Contesto& c, const QList<FileParticella>& file, const QStri
                        [&] {
                            if (!EsisteCartella(dir)) CreaCartella(dir);
                            for (const FileParticella& f : file) {
-                               QString nome = f.nome;
-                               nome.replace(u'/', u'_').replace(u'\\', u'_');
+                               const QString nome = NomeFileSicuro(f.nome);
                                ScriviTesto(dir + u'/' + nome, f.riga + CRLF);
                                c.out << nome << '\n';
                            }

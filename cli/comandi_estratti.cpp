@@ -39,7 +39,7 @@ const Registra riscrivi(
          const QString in = Estratto1(c);
          const QString out = PercorsoArgomento(c.argomenti[1]);
          // OUT is written over only from an input that is there.
-         if (!FileDiIngresso(c.piattaforma, in, false)) return 1;
+         if (!FileDiIngresso(c.piattaforma, in)) return 1;
          // Most extracts go straight from IN to OUT; the others are copied and read.
          if (RiscriviEstrattoIn(c.stato, in, out)) return 0;
          if (!ConTrappola(c.stato, QStringLiteral("CopiaEstratto"), [&] { CopiaFile(in, out); }))

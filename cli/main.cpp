@@ -62,12 +62,15 @@ QString PercorsoArgomento(const QString& argomento) {
     return QFileInfo(argomento).absoluteFilePath();
 }
 
-bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento, bool vuotoAmmesso) {
+bool FileDiIngresso(Piattaforma& piattaforma, const QString& argomento) {
     const QString percorso = PercorsoArgomento(argomento);
-    const QFileInfo info(PercorsoLocale(percorso));
-    QFile file(info.filePath());
-    if (info.isFile() && file.open(QIODevice::ReadOnly) && (vuotoAmmesso || info.size() > 0))
-        return true;
+    QFileInfo info(PercorsoLocale(percorso));
+    // A libretto opened as X.LXB with no X.LXB on disk is read from X.DAT, as the loader does.
+    if (!info.exists() && UCase(Right(percorso, 4)) == u".LXB")
+        info = QFileInfo(PercorsoLocale(percorso.chopped(4) + QStringLiteral(".DAT")));
+    // A file of 0 bytes is there: it is empty input, and the command does what it does with
+    // empty text. Only what is not there, or is a folder, is not found.
+    if (info.isFile()) return true;
     piattaforma.Messaggio(percorso + CRLF + QStringLiteral("NON trovato!"),
                           QStringLiteral("Tavolet"), Icona::Avviso);
     return false;
@@ -83,20 +86,20 @@ bool IngressiLeggibili(const Comando& comando, const QStringList& argomenti,
         if (parola.endsWith(QStringLiteral("..."))) {
             // FILE... and names with an extension (IN.EMP...) are files; CODICE... is not.
             if (parola != u"FILE..." && !parola.chopped(3).contains(u'.')) break;
-            // Members of an archive may be empty; an option and its value are not files.
+            // An option and its value are not files.
             for (qsizetype j = i; j < argomenti.size(); ++j) {
                 if (argomenti[j].startsWith(QStringLiteral("--"))) {
                     ++j;
                     continue;
                 }
-                if (!FileDiIngresso(piattaforma, argomenti[j], parola == u"FILE...")) return false;
+                if (!FileDiIngresso(piattaforma, argomenti[j])) return false;
             }
             break;
         }
         static const QStringList ingressi = {"IN", "FILE", "PERCORSO", "LIBRETTO"};
         const bool ingresso = ingressi.contains(parola) ||
                               (parola.contains(u'.') && !parola.startsWith(QStringLiteral("OUT")));
-        if (ingresso && !FileDiIngresso(piattaforma, argomenti[i], false)) return false;
+        if (ingresso && !FileDiIngresso(piattaforma, argomenti[i])) return false;
     }
     return true;
 }
@@ -222,7 +225,7 @@ int main(int argc, char** argv) {
             err.flush();
         }
     };
-    // An input that is missing, a folder or unreadable stops the command before it writes.
+    // An input that is missing or a folder stops the command before it writes.
     if (!IngressiLeggibili(*scelto, resto, piattaforma)) return 1;
     Stato stato(piattaforma);
     Contesto ctx{stato, piattaforma, resto, out};

@@ -6,6 +6,7 @@
 #include "estratto.h"
 #include "libretto.h"
 #include "mappali.h"
+#include "nome_file.h"
 
 #include <algorithm>
 #include <optional>
@@ -279,7 +280,7 @@ bool ComandoConfigurazione(Stato& stato, FormConfigurazione& f, int indice) {
         case 14:
             if (f.FileTecnicoScelto.isEmpty()) break;
             EliminaFile(stato.amb.CartellaLavoro + QStringLiteral("\\tecnici\\") +
-                        f.FileTecnicoScelto);
+                        NomeFileSicuro(f.FileTecnicoScelto));
             f.FileTecnicoScelto.clear();
             f.FileTecnici = ElencoFileTecnici(stato);
             break;

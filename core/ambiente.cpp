@@ -3,6 +3,7 @@
 #include "documento.h"
 #include "errore.h"
 #include "file_testo.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "stato.h"
 #include "tecnico_ini.h"
@@ -120,11 +121,23 @@ void CaricaComuni(Stato& stato) {
                                          QStringLiteral("Tavolet"), Icona::Avviso);
             return;
         }
+        // Records of 66 characters, each behind a header of two: "@B" for a live record, " B"
+        // for one the registry marked as dropped, whose comune surveyors still look up.
+        constexpr int kRecord = 66;
         const QStringList pezzi = Split(LeggiTesto(percorso), QStringLiteral("@B"));
-        QList<Comune> tabella;
-        tabella.reserve(pezzi.size());
+        QStringList record;
+        record.reserve(pezzi.size());
         for (int i = 1; i < pezzi.size(); ++i) {
-            const QString& p = pezzi[i];
+            QStringView p = pezzi[i];
+            while (p.size() > kRecord + 2 && p.sliced(kRecord, 2) == u" B") {
+                record.append(p.first(kRecord).toString());
+                p = p.sliced(kRecord + 2);
+            }
+            record.append(p.toString());
+        }
+        QList<Comune> tabella;
+        tabella.reserve(record.size());
+        for (const QString& p : record) {
             Comune c;
             c.CodiceComune = Trim(Mid(p, 2, 4) + Mid(p, 1, 1));
             c.CodiceAggiuntivo = Trim(Mid(p, 63, 4));
@@ -250,9 +263,9 @@ void KillPregeo(Stato& stato) {
 
 void CaricaPossessori(Stato& stato) {
     ConTrappola(stato, QStringLiteral("CaricaPossessori"), [&] {
-        const QString percorso = stato.amb.UnitaPregeoDati +
-                                 QStringLiteral("\\FIDUCIAL\\VISURE\\") +
-                                 stato.testata.NomeArchivio + QStringLiteral(".VIS");
+        const QString percorso =
+            stato.amb.UnitaPregeoDati + QStringLiteral("\\FIDUCIAL\\VISURE\\") +
+            NomeFileSicuro(stato.testata.NomeArchivio) + QStringLiteral(".VIS");
         if (!EsisteFile(percorso)) return;
         QStringList righe = LeggiRighe(percorso);
         while (!righe.isEmpty() && Trim(righe.first()).isEmpty()) righe.removeFirst();

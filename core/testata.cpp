@@ -4,6 +4,7 @@
 #include "documento.h"
 #include "errore.h"
 #include "file_testo.h"
+#include "nome_file.h"
 #include "stato.h"
 #include "testo.h"
 
@@ -129,7 +130,7 @@ SigleConfigurazione AggiornaConfigurazionePregeo(Stato& stato) {
 }
 
 QString PercorsoFileTecnico(const Stato& stato, const QString& tecnico) {
-    return stato.amb.CartellaLavoro + QStringLiteral("\\tecnici\\") + tecnico +
+    return stato.amb.CartellaLavoro + QStringLiteral("\\tecnici\\") + NomeFileSicuro(tecnico) +
            QStringLiteral(".PFS");
 }
 

@@ -27,74 +27,90 @@ QChar CambiaCaso(QChar c, bool maiuscolo) {
     return CodiceWindows1252(altro.unicode()) >= 0 ? altro : c;
 }
 
-// Decimal digits of |valore| as the shortest text that reads back to the same double. Written
-// out in full, a double takes up to 309 digits before the point and 326 characters after "0.".
-QString CifreDecimali(double valore) {
-    char buf[400];
-    auto r = std::to_chars(buf, buf + sizeof buf, std::fabs(valore), std::chars_format::fixed);
+// The longest double in fixed notation: 309 whole digits, or "0." and 324 decimals with the
+// 17 significant digits of the smallest normal numbers among them.
+constexpr int kFisso = 400;
+
+// The text of a number by to_chars with the given format. Only numbers have digits: infinity
+// and NaN are an overflow, as the runtime's arithmetic has it.
+template <typename... Modo> QString Testo(double valore, Modo... modo) {
+    if (!std::isfinite(valore)) throw Errore(6);
+    char buf[kFisso];
+    const auto r = std::to_chars(buf, buf + sizeof buf, valore, modo...);
+    if (r.ec != std::errc()) throw Errore(6);
     return QString::fromLatin1(buf, int(r.ptr - buf));
+}
+
+// Decimal digits of |valore| as the shortest text that reads back to the same double.
+QString CifreDecimali(double valore) {
+    return Testo(std::fabs(valore), std::chars_format::fixed);
 }
 
 } // namespace
 
 double Val(const QString& testo) {
-    // The number is copied into a small buffer of ASCII and read with from_chars: rows are
-    // read by the thousand, and this avoids a string per call.
+    // The significant digits go into a small buffer of ASCII with their power of ten, and are
+    // read with from_chars: rows are read by the thousand, and this avoids a string per call.
+    // 800 digits decide any double; a non-zero digit past them is kept as one more digit, so
+    // that a long number still rounds as its whole text does.
+    constexpr int kCifre = 800;
     const int n = int(testo.size());
     const QChar* c = testo.constData();
     int i = 0;
     while (i < n && (c[i] == u' ' || c[i] == u'\t' || c[i] == u'\n' || c[i] == u'\r')) ++i;
-    char buf[352];
-    int k = 0;
     bool negativo = false;
     if (i < n && (c[i] == u'+' || c[i] == u'-')) negativo = c[i++] == u'-';
-    bool cifre = false;
-    auto copia = [&](QChar x) {
-        if (k < int(sizeof buf) - 12) buf[k++] = char(x.unicode());
-    };
-    while (i < n && Cifra(c[i])) {
-        // Leading zeros say nothing and would only fill the buffer.
-        if (!(k == 0 && c[i] == u'0' && i + 1 < n && Cifra(c[i + 1]))) copia(c[i]);
-        ++i;
+    char buf[kCifre + 32];
+    int k = 0;
+    long long scala = 0; // the number is the digits of buf times ten to this
+    bool oltre = false, cifre = false;
+    auto cifra = [&](QChar x, bool decimale) {
         cifre = true;
-    }
-    if (i < n && c[i] == u'.') {
-        copia(c[i++]);
-        while (i < n && Cifra(c[i])) {
-            copia(c[i++]);
-            cifre = true;
+        if (k == 0 && x == u'0') {
+            if (decimale) --scala;
+        } else if (k < kCifre) {
+            buf[k++] = char(x.unicode());
+            if (decimale) --scala;
+        } else {
+            oltre = oltre || x != u'0';
+            if (!decimale) ++scala;
         }
+    };
+    while (i < n && Cifra(c[i])) cifra(c[i++], false);
+    if (i < n && c[i] == u'.') {
+        ++i;
+        while (i < n && Cifra(c[i])) cifra(c[i++], true);
     }
     if (!cifre) return 0.0;
     if (i < n && (c[i] == u'E' || c[i] == u'e' || c[i] == u'D' || c[i] == u'd')) {
         int j = i + 1;
-        char esponente[12];
-        int e = 0;
-        esponente[e++] = 'e';
-        if (j < n && (c[j] == u'+' || c[j] == u'-')) esponente[e++] = char(c[j++].unicode());
-        const int primaCifra = e;
-        while (j < n && Cifra(c[j]) && e < 9) esponente[e++] = char(c[j++].unicode());
-        if (e > primaCifra)
-            for (int x = 0; x < e; ++x) buf[k++] = esponente[x];
+        bool meno = false;
+        if (j < n && (c[j] == u'+' || c[j] == u'-')) meno = c[j++] == u'-';
+        long long esponente = 0;
+        while (j < n && Cifra(c[j]))
+            esponente = std::min(esponente * 10 + (c[j++].unicode() - u'0'), 1000000LL);
+        scala += meno ? -esponente : esponente;
     }
+    if (k == 0) return negativo ? -0.0 : 0.0;
+    if (oltre) {
+        buf[k++] = '1';
+        --scala;
+    }
+    // Too small is zero; too large is an overflow, as the BASIC read has it.
+    const long long grandezza = k + scala; // the number is below ten to this
+    if (grandezza > 310) throw Errore(6);
+    if (grandezza < -330) return negativo ? -0.0 : 0.0;
+    buf[k++] = 'e';
+    const auto e = std::to_chars(buf + k, buf + sizeof buf, scala);
+    if (e.ec != std::errc()) throw Errore(6);
     double v = 0;
-    const auto r = std::from_chars(buf, buf + k, v);
-    if (r.ec == std::errc::result_out_of_range) {
-        // Too small is zero; too large is an overflow, as the BASIC read has it.
-        bool grande = false;
-        for (int x = 0; x < k && buf[x] != 'e'; ++x)
-            if (buf[x] >= '1' && buf[x] <= '9') grande = true;
-        const char* e = std::find(buf, buf + k, 'e');
-        if (e != buf + k && e + 1 < buf + k && e[1] == '-') grande = false;
-        if (grande) throw Errore(6);
-        return 0.0;
-    }
+    const auto r = std::from_chars(buf, e.ptr, v);
+    if (r.ec == std::errc::result_out_of_range && grandezza < 0) return negativo ? -0.0 : 0.0;
     if (r.ec != std::errc() || !std::isfinite(v)) throw Errore(6);
     return negativo ? -v : v;
 }
 
 QString Formato(double valore, const QString& figura) {
-    if (!std::isfinite(valore)) throw Errore(6);
     const int punto = figura.indexOf(u'.');
     const QString parteIntera = punto < 0 ? figura : figura.left(punto);
     const QString parteDecimale = punto < 0 ? QString() : figura.mid(punto + 1);
@@ -268,18 +284,13 @@ QString Space(int n) {
 }
 
 QString Str(double valore) {
-    char buf[64];
-    auto r = std::to_chars(buf, buf + sizeof buf, valore);
-    return QString::fromLatin1(buf, int(r.ptr - buf));
+    return Testo(valore);
 }
 
 QString CStr(double valore) {
     if (valore == 0) return QStringLiteral("0");
-    if (!std::isfinite(valore)) throw Errore(6);
     // to_chars, unlike printf, ignores the host's locale.
-    char buf[64];
-    auto r = std::to_chars(buf, buf + sizeof buf, valore, std::chars_format::general, 15);
-    return QString::fromLatin1(buf, int(r.ptr - buf)).toUpper();
+    return Testo(valore, std::chars_format::general, 15).toUpper();
 }
 
 int CodiceWindows1252(char16_t c) {

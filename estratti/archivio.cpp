@@ -5,6 +5,7 @@
 #include "estratto.h"
 #include "file_testo.h"
 #include "interno.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "stato.h"
 #include "testo.h"
@@ -122,7 +123,7 @@ QStringList CompagniEsistenti(const QString& base) {
 bool DuplicaEstratto(Stato& stato, const QString& nome, const QString& nuovo) {
     return ConTrappola(stato, QStringLiteral("DuplicaEstratto"), [&] {
         const QString da = SenzaEstensione(PercorsoEstratto(stato, nome));
-        const QString a = SenzaEstensione(PercorsoEstratto(stato, nuovo));
+        const QString a = SenzaEstensione(PercorsoEstratto(stato, NomeFileSicuro(nuovo)));
         // The image first: without it the copy fails before the extract is touched.
         CopiaFile(da + QStringLiteral(".PNG"), a + QStringLiteral(".PNG"));
         CopiaFile(da + QStringLiteral(".EMP"), a + QStringLiteral(".EMP"));
@@ -132,7 +133,7 @@ bool DuplicaEstratto(Stato& stato, const QString& nome, const QString& nuovo) {
 bool RinominaEstratto(Stato& stato, const QString& nome, const QString& nuovo) {
     return ConTrappola(stato, QStringLiteral("RinominaEstratto"), [&] {
         const QString da = SenzaEstensione(PercorsoEstratto(stato, nome));
-        const QString a = SenzaEstensione(PercorsoEstratto(stato, nuovo));
+        const QString a = SenzaEstensione(PercorsoEstratto(stato, NomeFileSicuro(nuovo)));
         for (const QString& f : FileDelNome(da)) {
             const QString destinazione = a + Estensione(f);
             CopiaFile(f, destinazione);

@@ -5,6 +5,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "interno.h"
+#include "nome_file.h"
 #include "righe.h"
 #include "stato.h"
 #include "testo.h"
@@ -161,7 +162,7 @@ bool ArchiviaParticelleEstratto(Stato& stato, const Estratto& e) {
             const QString nome =
                 e.EstrattoComune + u'_' + e.EstrattoFoglio + u'_' +
                 Replace(Campo(Split(riga, kBarra), 2), QStringLiteral("/"), QStringLiteral("_"));
-            ScriviTesto(cartella + nome + QStringLiteral(".Map"), riga + CRLF);
+            ScriviTesto(cartella + NomeFileSicuro(nome + QStringLiteral(".Map")), riga + CRLF);
         }
     });
 }
@@ -172,8 +173,9 @@ bool ArchiviaDitteEstratto(Stato& stato, const Estratto& e, const QString& chiav
         CreaCartella(cartella);
         for (const QString& riga : e.DITTA) {
             const QStringList campi = Split(riga, kBarra);
-            const QString file = cartella + chiave + u'_' + Campo(campi, 2) + u'_' +
-                                 Campo(campi, 3) + QStringLiteral(".DIT");
+            const QString file =
+                cartella + NomeFileSicuro(chiave + u'_' + Campo(campi, 2) + u'_' + Campo(campi, 3) +
+                                          QStringLiteral(".DIT"));
             const QString prima = EsisteFile(file) ? LeggiTesto(file) : QString();
             ScriviTesto(file, prima + riga + CRLF);
         }

@@ -140,7 +140,9 @@ public:
             const size_t barra = Barra(riga, 2);
             // "8|<new number>%" and the rest of the row, put together in one piece.
             char numero[24] = {'8', '|'};
-            char* fine = std::to_chars(numero + 2, numero + sizeof numero - 1, k + 1).ptr;
+            const auto r = std::to_chars(numero + 2, numero + sizeof numero - 1, k + 1);
+            if (r.ec != std::errc()) throw NonAdatto{};
+            char* fine = r.ptr;
             *fine++ = '%';
             Metti(Byte(numero, size_t(fine - numero)));
             Metti(riga.substr(barra));
@@ -348,6 +350,7 @@ private:
             if (cambia) {
                 char numero[16];
                 const auto r = std::to_chars(numero, numero + sizeof numero, n);
+                if (r.ec != std::errc()) throw NonAdatto{};
                 uscita.append(numero, size_t(r.ptr - numero));
                 uscita += '%';
             } else {
@@ -441,6 +444,7 @@ private:
         if (!std::isfinite(v)) return {};
         if (v == 0) return Byte("0", 1);
         const auto r = std::to_chars(testo, testo + 63, v, std::chars_format::general, 15);
+        if (r.ec != std::errc()) return {};
         return Byte(testo, size_t(r.ptr - testo));
     }
 

@@ -9,6 +9,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "interno.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "stato.h"
 #include "testo.h"
@@ -435,10 +436,11 @@ bool UnisciDueEstratti(Stato& stato, const QString& estrattoBase, const QString&
     return ok;
 }
 
-QString GeneraSommaEstratti(Stato& stato, const QString& estrattoBase, const QString& nome) {
+QString GeneraSommaEstratti(Stato& stato, const QString& estrattoBase, const QString& nomeScritto) {
     QString scritto;
     ConTrappola(stato, QStringLiteral("GeneraSommaEstratti"), [&] {
         const QString cartella = CartellaEstratti(stato);
+        const QString nome = NomeFileSicuro(nomeScritto);
         CopiaFile(PercorsoTempestratto(stato), cartella + nome + QStringLiteral(".emp"));
         const QString base = SenzaEstensione(PercorsoEstratto(stato, estrattoBase));
         for (const QString& estensione :
@@ -459,7 +461,7 @@ QString SommaComuneInCartella(Stato& stato, const QString& cartellaData, const Q
         QString cartella = cartellaData;
         if (!cartella.endsWith(u'\\') && !cartella.endsWith(u'/'))
             cartella += cartella.contains(u'\\') ? u'\\' : u'/';
-        const QString nome = comune + QStringLiteral(".EMP");
+        const QString nome = NomeFileSicuro(comune + QStringLiteral(".EMP"));
         // The list as it stands before the copy; the first extract is the base already.
         const QDir dir(PercorsoLocale(cartella));
         const QString proprio = NomeDelFile(primo);

@@ -1,6 +1,7 @@
 #include "taf.h"
 
 #include "libretto.h"
+#include "nome_file.h"
 #include "righe_byte.h"
 
 #include <QDir>
@@ -76,7 +77,7 @@ QString CartellaFiduciali(const Stato& stato) {
 }
 
 QString PercorsoTaf(const Stato& stato, const QString& comune) {
-    return CartellaFiduciali(stato) + comune + QStringLiteral(".TAF");
+    return CartellaFiduciali(stato) + NomeFileSicuro(comune + QStringLiteral(".TAF"));
 }
 
 QList<RigaTaf> LeggiTafComune(Stato& stato, const QString& comune) {
