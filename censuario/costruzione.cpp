@@ -18,6 +18,7 @@ QString Area9(const QString& area) {
 } // namespace
 
 QStringList ModelloNuovaCostruzione(const CampiParticella& p) {
+    ControllaParticella(p);
     QStringList m = {kTitoloCensuario, RigaTesta(kModelloStralcio, QStringLiteral("003")),
                      kRigaONuovaCostruzione, kRigaSNuovaCostruzione, kRigaCNuovaCostruzione};
     const QString numero = Left(p.Mappale + Space(5), 5);
@@ -31,6 +32,7 @@ QStringList ModelloNuovaCostruzione(const CampiParticella& p) {
 }
 
 QStringList ModelloVariazione(const CampiParticella& p) {
+    ControllaParticella(p);
     QStringList m = {kTitoloCensuario, RigaTesta(kModelloStralcio, QStringLiteral("002")),
                      kRigaOVariazione, kRigaVVariazione};
     const QString numero = Left(p.Mappale + Space(5), 5);
@@ -62,6 +64,8 @@ void InvertiFlagModello(QStringList& modello) {
 }
 
 void AggiungiMemoNuovaCostruzione(QStringList& memo, const QStringList& modello) {
+    // A parcel that was refused left no preview: nothing to add.
+    if (modello.size() < 3) return;
     if (memo.isEmpty()) {
         memo += modello;
         return;
@@ -71,6 +75,7 @@ void AggiungiMemoNuovaCostruzione(QStringList& memo, const QStringList& modello)
 }
 
 void AggiungiMemoVariazione(QStringList& memo, const QStringList& modello) {
+    if (modello.size() < 3) return;
     if (memo.isEmpty()) {
         memo += modello;
         return;

@@ -67,6 +67,7 @@ void Colora(Frazionamento& f, int riga, int colonna, int colore) {
 }
 
 void ComponiSchema(Stato& stato, Frazionamento& f) {
+    ControllaParticella(f.particella);
     QList<QStringList>& g = f.SchemaModello;
     const int corrente = f.RigaCorrente;
     const int righe = int(g.size());

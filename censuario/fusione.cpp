@@ -28,6 +28,8 @@ QString RigaO(const QString& prima, const QStringList& tabella) {
 
 QStringList AnteprimaFusione(const QStringList& memo, const OpzioniFusione& o,
                              const QStringList& tabella) {
+    for (const QString& riga : o.particelle)
+        ControllaParticella(CampiDaRigaParticella(riga, tabella));
     QString massima = QStringLiteral("@");
     for (const QString& riga : memo) {
         if (!riga.startsWith(QStringLiteral("6|S|"))) continue;

@@ -89,6 +89,17 @@ CampiParticella CampiDaParticella(const QString& nomeFile, const QString& riga,
     return c;
 }
 
+void ControllaParticella(const CampiParticella& c) {
+    for (const QString* campo : {&c.Mappale, &c.Qualita, &c.SupCatastale})
+        if (Trim(*campo).isEmpty()) throw Errore(13);
+}
+
+CampiParticella CampiDaRigaParticella(const QString& riga, const QStringList& tabellaQualita) {
+    CampiParticella c = CampiDaParticella(QString(), riga, tabellaQualita);
+    c.Mappale = Split(riga, QStringLiteral("|")).value(2);
+    return c;
+}
+
 QString LeggiRigaParticella(const Stato& stato, const QString& nomeFile) {
     const QString percorso = CartellaParticelle(stato) + nomeFile;
     if (!EsisteFile(percorso)) return {};

@@ -41,6 +41,12 @@ int AzzeraArchivioParticelle(Stato& stato);
 // comes from the first lookup of the table of qualities.
 CampiParticella CampiDaParticella(const QString& nomeFile, const QString& riga,
                                   const QStringList& tabellaQualita);
+// What every composition needs of a parcel: its number, quality and registered area. A file
+// that lacks one ("6|PARTICELLA|35", an empty file) gets the error report (13) instead of rows
+// with the table's first quality, a classe of 1 or an area of 0.
+void ControllaParticella(const CampiParticella& campi);
+// The fields of a parcel's row alone, its number taken from field 2 (the fusione's way).
+CampiParticella CampiDaRigaParticella(const QString& riga, const QStringList& tabellaQualita);
 // The first line of a parcel file of the folder; empty when it is absent.
 QString LeggiRigaParticella(const Stato& stato, const QString& nomeFile);
 

@@ -102,7 +102,10 @@ const Registra
                           CampiParticella p;
                           if (a.isEmpty() || !LeggiParticella(c, a[0], p))
                               return a.isEmpty() ? 2 : 1;
-                          QStringList m = ModelloNuovaCostruzione(p);
+                          QStringList m;
+                          if (!ConTrappola(c.stato, QStringLiteral("Decozero_106"),
+                                           [&] { m = ModelloNuovaCostruzione(p); }))
+                              return 1;
                           if (!id.isEmpty())
                               ScegliIdentificativo(m, UCase(Left(id + QStringLiteral("   "), 3)));
                           if (sr) InvertiFlagModello(m);
@@ -121,7 +124,10 @@ const Registra variazione({{"censuario", "variazione"},
                                CampiParticella p;
                                if (a.isEmpty()) return 2;
                                if (!LeggiParticella(c, a[0], p)) return 1;
-                               QStringList m = ModelloVariazione(p);
+                               QStringList m;
+                               if (!ConTrappola(c.stato, QStringLiteral("BV_TMVariazione"),
+                                                [&] { m = ModelloVariazione(p); }))
+                                   return 1;
                                if (sr) InvertiFlagModello(m);
                                Stampa(c, m);
                                return 0;

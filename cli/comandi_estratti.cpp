@@ -1,5 +1,6 @@
 // Commands on extracts (.EMP).
 #include "archivio.h"
+#include "autoallestito.h"
 #include "comandi.h"
 #include "copia_estratto.h"
 #include "cxf.h"
@@ -235,6 +236,56 @@ const Registra eliminaParticella(
      "toglie le linee della particella e i vertici rimasti isolati",
      2,
      [](Contesto& c) { return EliminaParticella(c.stato, Estratto1(c), c.argomenti[1]) ? 0 : 1; }});
+
+// A value of an option "--nome valore", taken out of the arguments; empty when absent.
+QString Opzione(QStringList& a, const QString& nome) {
+    const qsizetype i = a.indexOf(nome);
+    if (i < 0) return {};
+    const QString valore = a.value(i + 1);
+    a.remove(i, std::min<qsizetype>(2, a.size() - i));
+    return valore;
+}
+
+const Registra completa(
+    {{"estratto", "completa"},
+     "ESTRATTO COMUNE FOGLIO [NUMERO=QUALITA:SUPERFICIE...] [--provincia PD] [--tipo 22]",
+     "completa l'autoallestito: testa e righe PARTICELLA (qualità ENTE URBANO o 282...)",
+     3,
+     [](Contesto& c) {
+         QStringList a = c.argomenti;
+         QString provincia = Opzione(a, QStringLiteral("--provincia"));
+         const QString tipo = Opzione(a, QStringLiteral("--tipo"));
+         if (a.size() < 3) return 2;
+         c.argomenti = a;
+         const QString percorso = Estratto1(c);
+         QList<ParticellaDaCompletare> particelle;
+         for (const QString& voce : a.mid(3)) {
+             const QString nome = Trim(Split(voce, QStringLiteral("=")).value(0));
+             const QStringList q =
+                 Split(Split(voce, QStringLiteral("=")).value(1), QStringLiteral(":"));
+             const QualitaParticella qualita = QualitaDaPulsante(q.value(0));
+             if (nome.isEmpty() || qualita.descrizione.isEmpty() || q.size() != 2) {
+                 c.piattaforma.Messaggio(voce + QStringLiteral(": NUMERO=QUALITA:SUPERFICIE, "
+                                                               "qualità FABB RURALE, FR DIV SUB, "
+                                                               "ENTE URBANO, FU D ACCERT o codice"),
+                                         QStringLiteral("Uso"), Icona::Avviso);
+                 return 2;
+             }
+             particelle.append({nome, qualita.descrizione, q.value(1)});
+         }
+         if (c.stato.amb.TabellaComuni.isEmpty()) PreparaAmbiente(c.stato);
+         if (provincia.isEmpty()) provincia = ProvinciaDiCompetenza(c.stato, a[1]);
+         QStringList righe;
+         if (!ConTrappola(c.stato, QStringLiteral("CaricaEstratto"),
+                          [&] { righe = LeggiRighe(percorso); }))
+             return 1;
+         righe = CompletaRigheAutoallestito(righe, UCase(Trim(a[1])), UCase(provincia), Trim(a[2]),
+                                            particelle, tipo);
+         if (!SalvaAutoallestito(c.stato, percorso, righe)) return 1;
+         for (const QString& r : righe)
+             if (r.startsWith(u"0|") || r.startsWith(u"6|PARTICELLA|")) c.out << r << '\n';
+         return 0;
+     }});
 
 } // namespace
 

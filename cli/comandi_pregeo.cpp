@@ -29,8 +29,11 @@ const Registra pdfBlocchi({{"pdf", "blocchi"},
                            "stampa il numero di ogni blocco [TAG e i suoi pezzi, uno per riga",
                            1,
                            [](Contesto& c) {
-                               const BlocchiTag b =
-                                   LeggiBlocchiTagDaFile(PercorsoArgomento(c.argomenti[0]));
+                               BlocchiTag b;
+                               if (!ConTrappola(c.stato, QStringLiteral("LeggiBlocchiTag"), [&] {
+                                       b = LeggiBlocchiTagDaFile(PercorsoArgomento(c.argomenti[0]));
+                                   }))
+                                   return 1;
                                for (const BloccoTag& blocco : b.blocchi) {
                                    c.out << blocco.numero << '\n';
                                    for (const QString& pezzo : blocco.pezzi)

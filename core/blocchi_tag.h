@@ -28,7 +28,8 @@ struct BlocchiTag {
 
 // Reads the blocks from the bytes of a file taken as one Windows-1252 text. When the raw bytes
 // hold no "[TAG", every Flate stream is inflated (bounded) and read as well, so that a PDF that
-// a viewer rewrote with compressed objects still gives its blocks.
+// a viewer rewrote with compressed objects still gives its blocks. Blocks of more than 8 MB
+// in all are no act's: error 7 (out of memory), thrown, rather than the machine's memory.
 BlocchiTag LeggiBlocchiTagDaDati(const QByteArray& dati);
 // The same on a file in Windows form; a missing or unreadable file gives no blocks.
 BlocchiTag LeggiBlocchiTagDaFile(const QString& percorso);

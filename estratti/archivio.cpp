@@ -255,4 +255,13 @@ QString TrovaEstrattoPerProtocollo(Stato& stato, const QStringList& nomi,
     return trovato;
 }
 
+QString TrovaEstrattoAssociato(Stato& stato, const QString& protocollo) {
+    if (Trim(protocollo).isEmpty()) return {};
+    const QDir dir(PercorsoLocale(CartellaEstratti(stato)));
+    QStringList emp;
+    for (const QString& f : dir.entryList(QDir::Files, QDir::Name | QDir::IgnoreCase))
+        if (f.endsWith(QStringLiteral(".EMP"), Qt::CaseInsensitive)) emp.append(f);
+    return TrovaEstrattoPerProtocollo(stato, emp, protocollo);
+}
+
 } // namespace tavolet

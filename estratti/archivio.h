@@ -63,5 +63,8 @@ bool ScriviEstrattiDiEsempio(Stato& stato);
 // with an empty first line ends the search. Empty when none.
 QString TrovaEstrattoPerProtocollo(Stato& stato, const QStringList& nomi,
                                    const QString& protocollo);
+// The same over the .EMP files of the folder, in the archive's order (by name, case ignored).
+// A blank protocol names no extract.
+QString TrovaEstrattoAssociato(Stato& stato, const QString& protocollo);
 
 } // namespace tavolet

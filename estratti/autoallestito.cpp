@@ -1,7 +1,10 @@
 #include "autoallestito.h"
 
+#include "errore.h"
 #include "estratto.h"
+#include "file_testo.h"
 #include "interno.h"
+#include "stato.h"
 #include "testo.h"
 
 namespace tavolet {
@@ -96,6 +99,54 @@ QStringList ParticelleAutoallestito(Stato& stato, const QString& nomeEstratto,
         lista.append(riga);
     }
     return lista;
+}
+
+QString ProvinciaDiCompetenza(const Stato& stato, const QString& comune) {
+    for (const Comune& c : stato.amb.TabellaComuni)
+        if (Trim(c.CodiceComune) == Trim(comune)) return Trim(c.SiglaProvincia);
+    return {};
+}
+
+QualitaParticella QualitaDaPulsante(const QString& testo) {
+    const QString t = UCase(Trim(testo));
+    QList<QualitaParticella> tutte = QualitaAutoallestito();
+    tutte.append(kFabbPromis);
+    for (const QualitaParticella& q : tutte)
+        if (t == q.descrizione || t == q.codice) return q;
+    return {};
+}
+
+QStringList CompletaRigheAutoallestito(QStringList righe, const QString& comune,
+                                       const QString& provincia, const QString& foglio,
+                                       const QList<ParticellaDaCompletare>& particelle,
+                                       const QString& tipoLavoro) {
+    if (righe.isEmpty()) return righe;
+    // The parcels of the head, the "0" of a self-made head aside, then those new to it.
+    QStringList nomi;
+    for (const QString& n : Split(Voce(Split(righe[0], kBarra), 5), QStringLiteral(",")))
+        if (!Trim(n).isEmpty() && n != u"0") nomi.append(n);
+    for (const ParticellaDaCompletare& p : particelle)
+        if (!nomi.contains(p.nome)) nomi.append(p.nome);
+    righe[0] = RicalcolaAutoAllestito(righe[0], comune, provincia, foglio,
+                                      Join(nomi, QStringLiteral(",")));
+    const QString chiave = QStringLiteral("6|PARTICELLA|");
+    for (const ParticellaDaCompletare& p : particelle) {
+        QString riga = RigaParticellaVuota(p.nome);
+        for (const QString& r : righe)
+            if (r.contains(chiave + p.nome + u'|')) riga = r;
+        QString classe = QStringLiteral("00"), descrizione = p.descrizione;
+        UnisciParticella(righe,
+                         RicalcolaParticella(riga, classe, descrizione, p.superficie, tipoLavoro));
+    }
+    return righe;
+}
+
+bool SalvaAutoallestito(Stato& stato, const QString& nomeEstratto, const QStringList& righe) {
+    return ConTrappola(stato, QStringLiteral("SalvaAutoallestito"), [&] {
+        QString testo;
+        for (const QString& r : righe) testo += r + CRLF;
+        ScriviTesto(PercorsoEstratto(stato, nomeEstratto), testo);
+    });
 }
 
 } // namespace tavolet

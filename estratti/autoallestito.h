@@ -38,4 +38,23 @@ void RinominaParticellaAutoallestito(QStringList& righe, const QString& vecchio,
 QStringList ParticelleAutoallestito(Stato& stato, const QString& nomeEstratto,
                                     const QStringList& righe);
 
+// "Genera Provincia di Competenza": the province of the comune in the comuni table; empty when
+// the comune is not there.
+QString ProvinciaDiCompetenza(const Stato& stato, const QString& comune);
+// The quality of a button named by its description or its code ("ENTE URBANO", "282"), or
+// FABB PROMIS; an empty description when there is none such.
+QualitaParticella QualitaDaPulsante(const QString& testo);
+
+// The completion without the screen: row 0 from comune, province and sheet, the parcels given
+// added to its list, then each parcel's row as its quality button and surface box make it.
+struct ParticellaDaCompletare {
+    QString nome, descrizione, superficie;
+};
+QStringList CompletaRigheAutoallestito(QStringList righe, const QString& comune,
+                                       const QString& provincia, const QString& foglio,
+                                       const QList<ParticellaDaCompletare>& particelle,
+                                       const QString& tipoLavoro);
+// Save: every row followed by CR LF, over the extract; an empty list writes an empty file.
+bool SalvaAutoallestito(Stato& stato, const QString& nomeEstratto, const QStringList& righe);
+
 } // namespace tavolet

@@ -199,7 +199,11 @@ void EsplodiBlocchiTag(Stato& stato, ModelloGrafica& g, const BlocchiTag& blocch
 
 void EsplodiPDF(Stato& stato, ModelloGrafica& g, const QString& percorso) {
     g.Percorso = percorso;
-    EsplodiBlocchiTag(stato, g, LeggiBlocchiTagDaFile(percorso));
+    BlocchiTag blocchi;
+    if (!ConTrappola(stato, QStringLiteral("EsplodiPDF"),
+                     [&] { blocchi = LeggiBlocchiTagDaFile(percorso); }))
+        return;
+    EsplodiBlocchiTag(stato, g, blocchi);
 }
 
 void CaricaRigheCSV(Stato& stato, ModelloGrafica& g, const QStringList& righe) {

@@ -1,5 +1,6 @@
 #include "pdf_tag.h"
 
+#include "archivio.h"
 #include "blocchi_tag.h"
 #include "documento.h"
 #include "errore.h"
@@ -13,16 +14,6 @@
 #include <QFileInfo>
 
 namespace tavolet {
-
-QString CercaEstrattoInPregeo(const Stato& stato, const QString& nome) {
-    QString cercato = Trim(nome);
-    if (cercato.isEmpty() || cercato.contains(u'/') || cercato.contains(u'\\')) return {};
-    if (!cercato.contains(u'.')) cercato += QStringLiteral(".EMP");
-    const QString cartella = stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\estratti\\");
-    if (!EsisteFile(cartella + cercato)) return {};
-    // The name as it stands in the folder.
-    return QFileInfo(PercorsoLocale(cartella + cercato)).fileName();
-}
 
 AttoDaPdf LeggiBlocchiTag(Stato& stato, const QString& percorso) {
     AttoDaPdf atto;
@@ -49,7 +40,7 @@ AttoDaPdf LeggiBlocchiTag(Stato& stato, const QString& percorso) {
         atto.EstrattoTrovato = atto.NomeEstratto;
         return atto;
     }
-    atto.EstrattoTrovato = CercaEstrattoInPregeo(stato, atto.NomeEstratto);
+    atto.EstrattoTrovato = TrovaEstrattoAssociato(stato, atto.NomeEstratto);
     if (atto.EstrattoTrovato.isEmpty())
         stato.piattaforma->Messaggio(
             QStringLiteral("Estratto Associato non trovato nella cartella Estratti di Pregeo."),

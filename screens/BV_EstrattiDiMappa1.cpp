@@ -4,6 +4,7 @@
 #include "BV_Fraziona.h"
 #include "BV_SommaEstratti.h"
 #include "BV_StampaGenerale.h"
+#include "CompletaAutoallestito.h"
 #include "Grafica.h"
 #include "posizione.h"
 
@@ -111,6 +112,7 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
         {QStringLiteral("Elimina Estratto"), &BV_EstrattiDiMappa1::Elimina},
         {QStringLiteral("Vuota Estratto"), &BV_EstrattiDiMappa1::Vuota},
         {QStringLiteral("Autoallestito"), &BV_EstrattiDiMappa1::Autoallestito},
+        {QStringLiteral("Completa Autoallestito"), &BV_EstrattiDiMappa1::Completa},
         {QStringLiteral("Unisci Estratti"), &BV_EstrattiDiMappa1::Unisci},
         {QStringLiteral("Associa Estratto"), &BV_EstrattiDiMappa1::Associa},
         {QStringLiteral("Associa Estratto in Lavoro"), &BV_EstrattiDiMappa1::AssociaInLavoro},
@@ -318,6 +320,18 @@ void BV_EstrattiDiMappa1::Autoallestito() {
                                     Pulsanti::SiNo, Risposta::Si) != Risposta::Si)
         return;
     RendiAutoallestito(stato_, Selezionato());
+    AnteprimaEstratto();
+}
+
+// Comune, sheet and parcels typed into the selected extract, with the choices of the libretto's
+// job type; the head shown again on return.
+void BV_EstrattiDiMappa1::Completa() {
+    if (Selezionato().isEmpty() || Estensione(Selezionato()) != u"EMP") {
+        stato_.piattaforma->Messaggio(QStringLiteral("Selezionare un Estratto!"), windowTitle(),
+                                      Icona::Avviso);
+        return;
+    }
+    CompletaAutoallestito::Esegui(stato_, Selezionato(), stato_.testata.TipologiaRilievo, this);
     AnteprimaEstratto();
 }
 

@@ -50,6 +50,7 @@ private:
     void Elimina();
     void Vuota();
     void Autoallestito();
+    void Completa();
     void Unisci();
     void Associa();
     void AssociaInLavoro();

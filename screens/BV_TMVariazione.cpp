@@ -51,7 +51,7 @@ BV_TMVariazione::BV_TMVariazione(Stato& stato, const CampiParticella& particella
     }
     destra->addStretch();
 
-    ModelloNuovo = ModelloVariazione(particella);
+    ConTrappola(stato_, kNomeForm, [&] { ModelloNuovo = ModelloVariazione(particella); });
     ConTrappola(stato_, QStringLiteral("Decozero_108"), [&] {
         DecoZeroNove(stato_);
         memo = RigheCensuarieDi(stato_.doc.TestoLibretto);

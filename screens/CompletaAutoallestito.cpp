@@ -94,8 +94,8 @@ CompletaAutoallestito::CompletaAutoallestito(Stato& stato, const QString& nomeEs
         RicalcolaAutoAllestito();
     });
     connect(provinciaDi, &QPushButton::clicked, this, [this] {
-        for (const Comune& c : stato_.amb.TabellaComuni)
-            if (c.CodiceComune == Trim(comune->text())) provincia->setText(c.SiglaProvincia);
+        const QString sigla = ProvinciaDiCompetenza(stato_, comune->text());
+        if (!sigla.isEmpty()) provincia->setText(sigla);
         RicalcolaAutoAllestito();
     });
     connect(salva, &QPushButton::clicked, this, [this] { Salva(); });
@@ -155,11 +155,7 @@ void CompletaAutoallestito::RicalcolaAutoAllestito() {
 }
 
 void CompletaAutoallestito::Salva() {
-    ConTrappola(stato_, QStringLiteral("SalvaAutoallestito"), [&] {
-        QString testo;
-        for (const QString& r : righe_) testo += r + CRLF;
-        ScriviTesto(PercorsoEstratto(stato_, nome_), testo);
-    });
+    SalvaAutoallestito(stato_, nome_, righe_);
 }
 
 } // namespace tavolet

@@ -149,3 +149,24 @@ TEST(CliEstratti, ArchivioCxfUnione) {
     EXPECT_EQ(manca.codice, 1);
     EXPECT_FALSE(QFile::exists(dir.filePath("X.EMP")));
 }
+
+TEST(CliEstratti, CompletaAutoallestito) {
+    QTemporaryDir dir;
+    const QString emp = dir.filePath("AUTO.EMP");
+    QFile f(emp);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n8|1%|0|0|\r\n7|4|1%|2%|3%|1%|NC|12|12|50|\r\n"
+            "6|PARTICELLA|14|00|ENTE URBANO |90|90|1|2|SN|\r\n6|INQUADRAMENTO|0|0|1|0|0|1|\r\n");
+    f.close();
+    const QStringList comando = {"estratto", "completa", emp, "g224", "12"};
+    EXPECT_EQ(Estratto(comando + QStringList{"12=SEMINATIVO:1"}).codice, 2); // no such button
+    const Esito e =
+        Estratto(comando + QStringList{"12=282:120,5", "14=fu d accert:300", "--provincia", "pd"});
+    EXPECT_EQ(e.codice, 0) << e.err.toStdString();
+    EXPECT_EQ(LeggiFile(emp), Dati("estratti/autoallestito_completato.EMP"));
+    // Job type 22 makes a parcel FABB PROMIS.
+    EXPECT_EQ(Estratto(comando + QStringList{"12=282:7", "--tipo", "22", "--provincia", "XY"}).out,
+              "0|AUTOALLESTITO|XY|G224|00012|12,14|XY|0|0|0|\n"
+              "6|PARTICELLA|14|00|FU D ACCERT |300|300|1|2|SN|\n"
+              "6|PARTICELLA|12|00|FABB PROMIS |7|7|||SN|\n");
+}

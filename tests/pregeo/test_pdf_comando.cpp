@@ -32,7 +32,7 @@ namespace {
 const QByteArray kBlocchi =
     "% [TAG1000]|0|15032025|000123|G224|0012|45|ROSSI MARIO|GEOMETRA|PADOVA|<nr>9|1|[/TAG]\n"
     "% [TAG2000]|1|S1|1.500|<nr>2|101|100.0000|25.000|CONFINE|<nr>7|101|102|103|[/TAG]\n"
-    "% [TAG3000]|F|X|G224_0012.EMP|FOGLIO 12[/TAG]\n"
+    "% [TAG3000]|F|X|XX0000001/2025|FOGLIO 12[/TAG]\n"
     "% [TAG4000]|9|ROSSI\\ MARIO|<nr>9|BIANCHI| LUCA[/TAG]\n"
     "% [TAG5000]|SCALA|1000[/TAG]\n"
     "% [TAG7000]|ignorato[/TAG]\n";
@@ -66,7 +66,8 @@ struct ConPdf : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();
         InstallaPregeo(s);
-        radice.Scrivi("C:\\pregeo\\estratti\\g224_0012.emp", "0|x|\r\n");
+        radice.Scrivi("C:\\pregeo\\estratti\\g224_0012.emp",
+                      "0|15032025|XX0000001/2025|G224|00012|\r\n");
     }
     // The drop of the main form, confirmed.
     void Trascina(const QString& percorsoWindows) {
@@ -84,7 +85,7 @@ TEST_F(ConPdf, IlPdfDiventaIlSuoLibretto) {
     EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join("\n").toStdString();
     EXPECT_TRUE(s.doc.PercorsoLibretto.endsWith("/ATTI/ATTO.TXT"))
         << s.doc.PercorsoLibretto.toStdString();
-    // The extract is the one found in Pregeo's folder, as it stands there.
+    // The extract is the one of that protocol in Pregeo's folder, named as it stands there.
     EXPECT_EQ(s.doc.NomeEstratto, "g224_0012.emp");
     // Block 4000: "9|", bars and backslashes gone.
     EXPECT_EQ(s.doc.TestoPossessori, "ROSSI MARIO\r\nBIANCHI LUCA");
@@ -95,18 +96,18 @@ TEST_F(ConPdf, IlPdfDiventaIlSuoLibretto) {
 
     const AttoDaPdf atto = LeggiBlocchiTag(s, PercorsoLocale("C:\\Atti\\atto.pdf"));
     EXPECT_EQ(atto.TipoAtto, "F");
-    EXPECT_EQ(atto.TestataEstratto, "F\r\nX\r\nG224_0012.EMP\r\nFOGLIO 12\r\nSCALA\r\n1000");
+    EXPECT_EQ(atto.TestataEstratto, "F\r\nX\r\nXX0000001/2025\r\nFOGLIO 12\r\nSCALA\r\n1000");
 }
 
 TEST_F(ConPdf, EstrattoMancanteEPdfSenzaBlocchi) {
     QByteArray pdf = PdfAMano();
-    pdf.replace("G224_0012.EMP", "A001_0099.EMP");
+    pdf.replace("XX0000001/2025", "XX0000099/2025");
     radice.Scrivi("C:\\Atti\\B.PDF", pdf);
     Trascina("C:\\Atti\\B.PDF");
     EXPECT_EQ(p.Messaggi(), QStringList{"Trascina Libretto: Estratto Associato non trovato nella "
                                         "cartella Estratti di Pregeo."});
     EXPECT_EQ(s.doc.NomeEstratto, "");
-    pdf.replace("A001_0099.EMP", "autoallestito");
+    pdf.replace("XX0000099/2025", "autoallestito");
     radice.Scrivi("C:\\Atti\\C.PDF", pdf);
     Trascina("C:\\Atti\\C.PDF");
     EXPECT_EQ(p.Messaggi().size(), 1);
