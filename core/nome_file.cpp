@@ -14,6 +14,8 @@ QString NomeFileSicuro(const QString& nome) {
         r += c;
     }
     while (r.endsWith(u'.') || r.endsWith(u' ')) r.chop(1);
+    // A leading dot would hide the file on the hosts beside Windows.
+    while (r.startsWith(u'.')) r.remove(0, 1);
     if (r.isEmpty()) return QStringLiteral("_");
     // The device names are reserved with any extension, and with blanks behind them.
     const QString base = r.left(r.indexOf(u'.')).trimmed().toUpper();

@@ -31,8 +31,8 @@ TEST(NomiFile, UnNomeDigitatoRestaNellaSuaCartella) {
             EXPECT_EQ(sicuro, nome);
         }
     }
-    EXPECT_EQ(NomeFileSicuro("../../ESCAPE X"), "._._ESCAPE X");
-    EXPECT_EQ(NomeFileSicuro("..\\..\\ESC2"), "._._ESC2");
+    EXPECT_EQ(NomeFileSicuro("../../ESCAPE X"), "_._ESCAPE X");
+    EXPECT_EQ(NomeFileSicuro("..\\..\\ESC2"), "_._ESC2");
     EXPECT_EQ(NomeFileSicuro("con.txt"), "_con.txt");
     EXPECT_EQ(NomeFileSicuro("A001_0012_35.Map"), "A001_0012_35.Map");
     EXPECT_EQ(NomeFileSicuro(""), "");
