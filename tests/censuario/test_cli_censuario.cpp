@@ -94,11 +94,11 @@ TEST_F(CliCensuario, NuovaCostruzioneVariazioneFusione) {
                 "A001_00012_36.MAP", "A001_00012_37.MAP"});
     EXPECT_TRUE(e.out.startsWith(Uscita("fusione_ausiliario.txt").left(70 + 1 + 8)));
     EXPECT_EQ(Esegui({"censuario", "fusione", "--tipo", "XX", "A001_00012_35.MAP"}).codice, 2);
-    // A parcel file of one field gives rows all the same, never a crash.
+    // A parcel file of one field is refused with the error report: no row made up.
     Scrivi("A001_00012_9.MAP", "6\r\n");
     e = Esegui({"censuario", "nuovacostruzione", "A001_00012_9.MAP"});
-    EXPECT_EQ(e.codice, 0);
-    for (const QString& r : e.out.split(u'\n', Qt::SkipEmptyParts)) EXPECT_EQ(r.size(), 70);
+    EXPECT_EQ(e.codice, 1);
+    EXPECT_EQ(e.out, "");
 }
 
 TEST_F(CliCensuario, ParticelleDaEstrattoEDaModello) {
