@@ -124,6 +124,7 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
         {QStringLiteral("Estratto da CXF"), &BV_EstrattiDiMappa1::DaCxf},
         {QStringLiteral("Esporta Estratto"), &BV_EstrattiDiMappa1::Esporta},
         {QStringLiteral("Elimina Punti Isolati"), &BV_EstrattiDiMappa1::EliminaPuntiIsolati},
+        {QStringLiteral("Esporta GeoPackage"), &BV_EstrattiDiMappa1::EsportaGeoPackage},
     };
     for (int i = 0; i < voci.size(); ++i)
         comandi->addWidget(Pulsante(voci[i].first, voci[i].second), i / 2, i % 2);
@@ -134,8 +135,10 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
     QPushButton* suffisso = Pulsante(QString(), &BV_EstrattiDiMappa1::CopiaSuffisso);
     suffisso->setIcon(style()->standardIcon(QStyle::SP_FileDialogNewFolder));
     suffisso->setToolTip(QStringLiteral("Copia Estratto con suffisso 1"));
-    comandi->addWidget(importa, 8, 0);
-    comandi->addWidget(suffisso, 8, 1);
+    // Below the last row of captioned commands.
+    const int sotto = int(voci.size() + 1) / 2;
+    comandi->addWidget(importa, sotto, 0);
+    comandi->addWidget(suffisso, sotto, 1);
     destra->addLayout(comandi);
     destra->addWidget(particella);
     destra->addWidget(Pulsante(QStringLiteral("Elimina Particella"),
@@ -417,6 +420,11 @@ void BV_EstrattiDiMappa1::Esporta() {
         stato_.piattaforma->SalvaFile(QStringLiteral("Esporta Estratto di Mappa"), QString(),
                                       Selezionato(), QStringLiteral("Esporta EdM *.EMP|*.EMP|"));
     if (!destinazione.isEmpty()) EsportaEstratto(stato_, Selezionato(), destinazione);
+}
+
+void BV_EstrattiDiMappa1::EsportaGeoPackage() {
+    if (!Guardia(QStringLiteral("Selezionare un estratto!"))) return;
+    grafica_->EsportaGeoPackage(CartellaEstratti(stato_) + Selezionato());
 }
 
 void BV_EstrattiDiMappa1::Importa() {

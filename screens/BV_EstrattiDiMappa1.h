@@ -61,6 +61,7 @@ private:
     void DaDxf();
     void DaCxf();
     void Esporta();
+    void EsportaGeoPackage();
     void Importa();
     void CopiaSuffisso();
     void EliminaParticellaEstratto();

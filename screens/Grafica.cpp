@@ -3,6 +3,8 @@
 #include "TelaImmagine.h"
 #include "TelaQt.h"
 #include "errore.h"
+#include "gis.h"
+#include "percorsi.h"
 #include "shell.h"
 #include "stato.h"
 
@@ -160,6 +162,8 @@ Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato)
     })->setObjectName(QStringLiteral("StampaFile"));
     comando(
         QStringLiteral("Termina Contorno"), [this] { TerminaContorno(modello_); }, false);
+    // Only in the menu: the row of buttons has no room left.
+    menu_->addAction(QStringLiteral("Esporta GeoPackage"), this, [this] { EsportaGeoPackage(); });
 
     auto* l = new QVBoxLayout(this);
     l->setContentsMargins(2, 2, 2, 2);
@@ -210,6 +214,7 @@ void Grafica::CambiaOpzione() {
     } while (0)
 
 void Grafica::BV_CaricaEstratto_EMP(const QString& percorso) {
+    sorgente_ = percorso;
     tavolet::BV_CaricaEstratto_EMP(stato_, modello_, percorso);
     TAVOLET_DOPO_CARICA();
 }
@@ -234,6 +239,7 @@ void Grafica::BV_LoadFileCSV(const QString& percorso) {
     TAVOLET_DOPO_CARICA();
 }
 bool Grafica::CaricaFile(const QString& percorso) {
+    sorgente_ = percorso;
     const bool ok = CaricaGraficaDaFile(stato_, modello_, percorso);
     TAVOLET_DOPO_CARICA();
     return ok;
@@ -339,6 +345,27 @@ void Grafica::BV_SalvaDXF() {
                                     QStringLiteral("Apertura file DXF "), Pulsanti::SiNo,
                                     Risposta::No) == Risposta::Si)
         stato_.piattaforma->ApriConProgramma(percorso);
+}
+
+void Grafica::EsportaGeoPackage(const QString& sorgente) {
+    const QString titolo = QStringLiteral("Esporta GeoPackage");
+    const QString da = sorgente.isEmpty() ? sorgente_ : sorgente;
+    const QString nome = NomeDelFile(da);
+    const QString estensione = nome.mid(nome.lastIndexOf(u'.') + 1).toUpper();
+    if (nome.isEmpty() || !QStringList{"EMP", "CXF", "CTF"}.contains(estensione)) {
+        stato_.piattaforma->Messaggio(
+            QStringLiteral("Nella grafica non c'è un estratto o un foglio CXF da esportare."),
+            titolo, Icona::Informazione);
+        return;
+    }
+    const QString uscita = stato_.piattaforma->SalvaFile(
+        titolo, QString(), nome.left(nome.lastIndexOf(u'.')) + QStringLiteral(".gpkg"),
+        QStringLiteral("GeoPackage *.GPKG|*.GPKG|"));
+    if (uscita.isEmpty()) return;
+    const int n = EsportaGis(stato_, {PercorsoLocale(da)}, PercorsoLocale(uscita), {});
+    if (n < 0) return;
+    etichetta1_->setText(QStringLiteral("%1 particelle scritte in %2").arg(n).arg(uscita));
+    etichetta2_->clear();
 }
 
 void Grafica::BV_CopiaInFile() {

@@ -71,6 +71,9 @@ public:
     void GeneraStampa(); // then \print.exe
     void GeneraHTML5_CANVAS();
     void BV_PuntiCoincidenti();
+    // The extract or CXF sheet on show (or the one named) as a GeoPackage for a GIS, after a
+    // save dialog; the line under the plot says how many parcels were written.
+    void EsportaGeoPackage(const QString& sorgente = {});
 
     // Drawing modes set by the host: "NUOVOPUNTO", "CONTORNOROSSO", "CONTORNONERO",
     // "PUNTOMEDIO", "PUNTOBILATERA", or empty.
@@ -99,6 +102,7 @@ private:
     QLabel* etichetta1_ = nullptr;
     QLabel* etichetta2_ = nullptr;
     QMenu* menu_ = nullptr;
+    QString sorgente_; // the file last loaded from disk, as the host named it
     friend class CanvasGrafica;
 };
 
