@@ -87,7 +87,7 @@ TEST_F(WidgetGrafica, IlDisegnoDellEstrattoEIComandi) {
     for (QAction* a : menu->actions()) voci << a->text();
     EXPECT_EQ(voci, QStringList({"Zoom Tutto", "Copia Immagine", "Stampa", "Copia In File",
                                  "Salva DXF", "Zoom Sinistra", "Zoom Su", "Zoom Giù", "Zoom Destra",
-                                 "Zoom Avanti", "Zoom Indietro", "Stampa"}));
+                                 "Zoom Avanti", "Zoom Indietro", "Stampa", "Esporta GeoPackage"}));
 }
 
 TEST_F(WidgetGrafica, SalvaDXFCopiaImmagineEZoom) {
