@@ -30,7 +30,7 @@ QGroupBox* Riquadro(QWidget* w, const QString& titolo) {
     return nullptr;
 }
 
-struct SchermiProva : ConPregeo {
+struct SchermiRiordino : ConPregeo {
     void SetUp() override {
         ConPregeo::SetUp();
         radice.Scrivi("C:\\Lavori\\COMPLETO.DAT", Dati("riordino/completo.dat"));
@@ -41,7 +41,7 @@ struct SchermiProva : ConPregeo {
 
 } // namespace
 
-TEST_F(SchermiProva, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
+TEST_F(SchermiRiordino, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
     const QString prima = s.doc.TestoLibretto;
     FormRiordinoRighe form(s);
     form.show();
@@ -84,7 +84,7 @@ TEST_F(SchermiProva, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
     EXPECT_TRUE(p.impostazioni.contains("POSIZIONE_FORMx/FormRiordinoRighe"));
 }
 
-TEST_F(SchermiProva, EliminareLeRigheGpsEConfermare) {
+TEST_F(SchermiRiordino, EliminareLeRigheGpsEConfermare) {
     FormRiordinoRighe form(s);
     form.show();
     p.risposte << Risposta::Si;
@@ -100,7 +100,7 @@ TEST_F(SchermiProva, EliminareLeRigheGpsEConfermare) {
     EXPECT_TRUE(p.Messaggi().isEmpty());
 }
 
-TEST_F(SchermiProva, DoppioClicCopiaENonElimina) {
+TEST_F(SchermiRiordino, DoppioClicCopiaENonElimina) {
     FormRiordinoRighe form(s);
     form.show();
     auto* stazioni = Riquadro(&form, "Stazioni-P.Battuti")->findChild<QListWidget*>();
@@ -119,7 +119,7 @@ TEST_F(SchermiProva, DoppioClicCopiaENonElimina) {
     EXPECT_EQ(p.appunti, "0|15012026|123|G224|0010|125|ROSSI MARIO|GEOMETRA|PADOVA|");
 }
 
-TEST_F(SchermiProva, OrdinaApreLaFormModale) {
+TEST_F(SchermiRiordino, OrdinaApreLaFormModale) {
     // The main form's "Ordina": the form runs modally and "&Conferma" composes the document.
     s.doc.TestoLibretto.replace("2|4|50.1111", "2|4bis|50.1111");
     QTimer::singleShot(0, [] {
@@ -132,7 +132,7 @@ TEST_F(SchermiProva, OrdinaApreLaFormModale) {
     EXPECT_EQ(s.doc.RigheLibretto.Riga(14), "2|4bis|50.1111|99.5000|30.005|1.600|");
 }
 
-TEST_F(SchermiProva, SelezionaMappaliConIControlli) {
+TEST_F(SchermiRiordino, SelezionaMappaliConIControlli) {
     radice.Scrivi("C:\\pregeo\\estratti\\G224_0010.EMP",
                   Righe({"0|G224|0010|", "6|PARTICELLA|125|01|SEMINATIVO  |29390|29390|0|0|",
                          "6|PARTICELLA|126|  |ENTE URBANO |300|300|0|0|",
@@ -163,7 +163,7 @@ TEST_F(SchermiProva, SelezionaMappaliConIControlli) {
     EXPECT_EQ(scelta.RigheEnteUrbano, "6|PARTICELLA|126|  |ENTE URBANO |300|300|0|0|\r\n");
 }
 
-TEST_F(SchermiProva, MappaleDaMantenereSceltoDallaRiga) {
+TEST_F(SchermiRiordino, MappaleDaMantenereSceltoDallaRiga) {
     s.testata.MappaliLibretto = "10,11,12";
     s.testata.TipologiaRilievo = "01";
     SceltaMappali scelta;
