@@ -1,7 +1,8 @@
 // TAF and DDD: the fields keep their widths, and every pair found in the archive names two of
-// the points asked for.
+// the points asked for; the measured distances on that archive are a report or the error report.
 #include "fiduciali.h"
 #include "../bersaglio.h"
+#include "misurate.h"
 
 using namespace tavolet;
 using namespace tavolet::fuzz;
@@ -30,4 +31,13 @@ TAVOLET_BERSAGLIO(fiduciali) {
         for (int riga : it.value())
             Verifica(riga >= 0 && riga < c.righe.size(), "coppia su una riga che non c'e'");
     }
+    // The distances measured between fiducials, on that archive.
+    Banco a;
+    Scrivi("C:\\fiducial\\DATI\\A001.TAF", taf);
+    Scrivi("C:\\fiducial\\DATI\\PD2020.DDD", ddd);
+    QList<PuntoPF> punti = {{"PF01/0100/A001", 1, 1},
+                            {"PF02/0100/A001", 1, 1},
+                            {"PF03/0100/A001", 23102.31, -12120.01}};
+    const QStringList r = CalcolaMisuratePF(a.s, punti);
+    Verifica(!r.isEmpty() || a.s.ErroriMostrati > 0, "nessun rapporto e nessun errore");
 }
