@@ -2,6 +2,7 @@
 // blocks keep their widths whatever the fields hold.
 #include "censuario.h"
 #include "../bersaglio.h"
+#include "errore.h"
 
 #include <algorithm>
 
@@ -29,11 +30,18 @@ TAVOLET_BERSAGLIO(censuario) {
     const QString riga = RigheDiTesto(testo).value(0);
     const CampiParticella c =
         CampiDaParticella(RigheDiTesto(altro).value(0), riga, a.s.amb.TabellaQualita);
-    Verifica(TutteCensuarie(ModelloNuovaCostruzione(c).mid(2)), "nuova costruzione fuori misura");
-    Verifica(TutteCensuarie(ModelloVariazione(c).mid(2)), "variazione fuori misura");
+    // A parcel that lost a field is refused with the error report; else the fixed blocks keep
+    // their length.
+    QStringList nc, v, f;
+    if (ConTrappola(a.s, "Decozero_106", [&] { nc = ModelloNuovaCostruzione(c); }))
+        Verifica(TutteCensuarie(nc.mid(2)), "nuova costruzione fuori misura");
+    if (ConTrappola(a.s, "BV_TMVariazione", [&] { v = ModelloVariazione(c); }))
+        Verifica(TutteCensuarie(v.mid(2)), "variazione fuori misura");
     OpzioniFusione o;
     o.particelle = {riga, RigheDiTesto(testo).value(1)};
-    Verifica(AnteprimaFusione({}, o, a.s.amb.TabellaQualita).size() >= 2, "fusione vuota");
+    if (ConTrappola(a.s, "AnteprimaTMFusione",
+                    [&] { f = AnteprimaFusione({}, o, a.s.amb.TabellaQualita); }))
+        Verifica(f.size() >= 2, "fusione vuota");
     for (const FileParticella& p :
          ParticelleDaModello(testo, "A001", "0012", a.s.amb.TabellaQualita))
         Verifica(p.riga.startsWith(QStringLiteral("6|PARTICELLA|")),

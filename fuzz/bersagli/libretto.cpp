@@ -12,6 +12,9 @@ TAVOLET_BERSAGLIO(libretto) {
     const QString nome = QString::fromLatin1(kNomi[dati[0] % 3]);
     Banco a;
     InstallaPregeo(a.s);
+    // A libretto is open: a command that finds nothing to load leaves it as it was.
+    a.s.doc.TestoLibretto = QStringLiteral("0|01012026|1|A001|0012|1|ROSSI|GEOMETRA|PD|\r\n9|\r\n");
+    CaricaLibrettoInList1(a.s);
     Scrivi(nome, Byte(dati + 1, n - 1));
     if (nome.endsWith(".PDF")) {
         a.p.risposte = {Risposta::Si, Risposta::Si};

@@ -37,6 +37,8 @@ void Rigioca(const Bersaglio& b, const QString& file) {
         b.corpo(reinterpret_cast<const uint8_t*>(d.constData()), size_t(d.size()));
     } catch (const Fallimento& x) {
         ADD_FAILURE() << file.toStdString() << ": " << x.perche;
+    } catch (const std::exception& x) {
+        ADD_FAILURE() << file.toStdString() << ": eccezione " << x.what();
     }
 }
 
