@@ -12,7 +12,7 @@ deps:
 	@bash scripts/dipendenze.sh
 
 configura: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG"
 
 build: configura
 	cmake --build $(BUILD) -j $(JOBS)
