@@ -15,8 +15,7 @@ TEST(Proposta, AreeEModelloComeLiVuolePregeo) {
 }
 
 TEST(Proposta, SenzaRigaAggiornataFileVuoti) {
-    const QString testo =
-        QStringLiteral("6|ESTRATTO DI MAPPA|\r\n7|5|1%|2%|3%|4%|1%|NC|35|35|100|\r\n");
+    const QString testo = "6|ESTRATTO DI MAPPA|\r\n7|5|1%|2%|3%|4%|1%|NC|35|35|100|\r\n";
     const AreeProposta a = AreeDaProposta(testo);
     EXPECT_TRUE(a.aree.isEmpty());
     EXPECT_TRUE(a.modello.isEmpty());
@@ -26,9 +25,9 @@ TEST(Proposta, SenzaRigaAggiornataFileVuoti) {
 TEST_F(ConCensuario, IlDoppioDiPonticelloLasciaLaPropostaEIFileSiScrivono) {
     // A scripted double of the helper, mapped as the settings map the real one.
     const QString destinazione =
-        PercorsoLocale(s.amb.CartellaLavoro + QStringLiteral("\\TEMP\\ESPORTA_PROPOSTA.txt"));
+        PercorsoLocale(s.amb.CartellaLavoro + "\\TEMP\\ESPORTA_PROPOSTA.txt");
     QDir().mkpath(QFileInfo(destinazione).path());
-    const QString script = radice.Percorso() + QStringLiteral("/ponticello.sh");
+    const QString script = radice.Percorso() + "/ponticello.sh";
     {
         QFile f(script);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -36,8 +35,7 @@ TEST_F(ConCensuario, IlDoppioDiPonticelloLasciaLaPropostaEIFileSiScrivono) {
                     .arg(PercorsoDati("censuario/proposta.txt"), destinazione)
                     .toUtf8());
     }
-    p.impostazioni[kSezioneProgrammi + QStringLiteral("/PONTICELLO.EXE")] =
-        QStringLiteral("/bin/sh ") + script;
+    p.impostazioni[kSezioneProgrammi + "/PONTICELLO.EXE"] = "/bin/sh " + script;
     p.esegui = [](const QString& programma, const QStringList& argomenti) {
         return AvviaProcessoHost(programma, argomenti);
     };
@@ -45,20 +43,20 @@ TEST_F(ConCensuario, IlDoppioDiPonticelloLasciaLaPropostaEIFileSiScrivono) {
     EsplodiAreeProposta(s);
     EXPECT_EQ(s.ErroriMostrati, 0);
     ASSERT_FALSE(p.eventi.isEmpty());
-    EXPECT_EQ(p.eventi.first().tipo, QStringLiteral("avvia"));
-    EXPECT_TRUE(p.eventi.first().testo.contains(QStringLiteral(" ESPORTA_TUTTO 26123")));
+    EXPECT_EQ(p.eventi.first().tipo, "avvia");
+    EXPECT_TRUE(p.eventi.first().testo.contains(" ESPORTA_TUTTO 26123"));
     const QByteArray aree = radice.Leggi(PercorsoCensuario(s, kFileAree));
     EXPECT_EQ(aree, Dati("censuario/aree_attese.txt"));
     EXPECT_EQ(radice.Leggi(PercorsoCensuario(s, kFileModello)),
               Dati("censuario/modello_atteso.txt"));
     // TempProposta: the text as read plus one further line end.
-    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + QStringLiteral("\\TEMP\\TempProposta")),
+    EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\TEMP\\TempProposta"),
               Dati("censuario/proposta.txt") + "\r\n");
 }
 
 TEST_F(ConCensuario, SenzaPonticelloIFileEsistonoVuoti) {
     EsplodiAreeProposta(s);
-    QStringList aree = {QStringLiteral("x")};
+    QStringList aree = {"x"};
     EXPECT_TRUE(LeggiAreeCensuario(s, aree));
     EXPECT_TRUE(aree.isEmpty());
     EXPECT_TRUE(LeggiModelloCensuario(s).isEmpty());

@@ -59,7 +59,13 @@ TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
          1,
          "MANCA.LXB\nNON trovato!"},
         {{"libretto", "salva", radice.filePath("CARTELLA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
-        {{"grafica", "dxf", radice.filePath("CARTELLA.DAT"), out + "3.DXF"}, 1, "NON trovato!"}};
+        {{"grafica", "dxf", radice.filePath("CARTELLA.DAT"), out + "3.DXF"}, 1, "NON trovato!"},
+        {{"libretto", "riordina", radice.filePath("MANCA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"configura", "conferma", radice.filePath("MANCA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"estratto", "riscrivi", radice.filePath("MANCA.EMP"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"zip", out + "3.DAT", radice.filePath("MANCA.DAT")}, 1, "NON trovato!"}};
+    // The output of a command whose input is missing is left as it was.
+    Scrivi("OUT3.DAT", "PRIMA\r\n");
     for (const auto& [comando, codice, testo] : tabella) {
         const Esito e = Esegui(comando);
         EXPECT_EQ(e.codice, codice) << comando.join(' ').toStdString() << "\n"
@@ -71,7 +77,10 @@ TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
               Esegui({"libretto", "righe", soloDat}).out);
     for (const char* scritto : {".DAT", ".DXF", ".ZIP"})
         EXPECT_TRUE(QFile::exists(out + scritto)) << scritto;
-    EXPECT_FALSE(QFile::exists(out + "3.DAT"));
+    EXPECT_EQ(LeggiFile(out + "3.DAT"), "PRIMA\r\n");
+    EXPECT_FALSE(QFile::exists(out + "3.DXF"));
+    EXPECT_EQ(Esegui({"libretto", "salva", radice.filePath("MANCA.DAT"), out + "3.DAT"}).err,
+              "Tavolet: " + radice.filePath("MANCA.DAT") + "\nNON trovato!\n");
 }
 
 TEST_F(Ingressi, NumeriAssurdiDannoCifre) {

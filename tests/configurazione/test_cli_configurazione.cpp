@@ -74,28 +74,3 @@ TEST_F(CliConfigurazione, CodiceFiscaleEComuni) {
     EXPECT_EQ(righe[0], "Nome Comune                            C.Cat C.Fis Prov.");
     EXPECT_TRUE(righe[1].contains("|G693 |"));
 }
-
-TEST_F(CliConfigurazione, IngressoMancanteNonScriveNulla) {
-    Scrivi("drive_c/Libretti/OUT.DAT", "PRIMA\r\n");
-    QDir().mkpath(Locale("drive_c/Libretti/CARTELLA.DAT"));
-    const QList<QStringList> comandi = {
-        {"libretto", "salva", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"libretto", "riordina", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"libretto", "salva", "C:\\Libretti\\CARTELLA.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"configura", "conferma", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"estratto", "riscrivi", "C:\\Libretti\\MANCANTE.EMP", "C:\\Libretti\\OUT.DAT"},
-        {"zip", "C:\\Libretti\\OUT.DAT", "C:\\Libretti\\MANCANTE.DAT"}};
-    for (const QStringList& c : comandi) {
-        const Esito e = Esegui(c);
-        EXPECT_EQ(e.codice, 1) << c.join(' ').toStdString();
-        EXPECT_TRUE(e.err.contains("\nNON trovato!")) << e.err.toStdString();
-        EXPECT_EQ(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n") << c.join(' ').toStdString();
-    }
-    const Esito e = Esegui(comandi[0]);
-    EXPECT_EQ(e.err, "Tavolet: C:\\Libretti\\MANCANTE.DAT\nNON trovato!\n");
-    // A good input still goes through.
-    EXPECT_EQ(
-        Esegui({"libretto", "salva", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT"}).codice,
-        0);
-    EXPECT_NE(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n");
-}

@@ -102,34 +102,23 @@ TEST_F(ConfermaProva, MappaliRiordinatiEMaiuscole) {
 }
 
 TEST_F(ConfermaProva, RigaDelCommento) {
-    // A station in third place: the comment goes in front of it.
-    FormConfigurazione f = Apri({kZero, kNove, "1|100|1.5|"});
-    f.Campi[15] = " X ";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), (QStringList{"6|X|", "1|100|1.5|"}));
-
-    // A comment in third place is replaced.
-    f = Apri({kZero, kNove, "6|Y|", "1|100|1.5|"});
-    f.Campi[15] = "X";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), (QStringList{"6|X|", "1|100|1.5|"}));
-
-    // A Relazione Tecnica in third place is left alone.
-    f = Apri({kZero, kNove, "6|***** Relazione  Tecnica *****|", "6|testo|"});
-    f.Campi[15] = "X";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2),
-              (QStringList{"6|X|", "6|***** Relazione  Tecnica *****|", "6|testo|"}));
-
-    // The detail of the update goes round unchanged; emptied, its row goes.
-    f = Apri({kZero, kNove, "6|DettaglioTipoAgg=VARIAZIONE|", "1|100|1.5|"});
-    EXPECT_EQ(f.Campi[15], "DettaglioTipoAgg=VARIAZIONE");
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista()[2], "6|DettaglioTipoAgg=VARIAZIONE|");
-    f = Apri(RigheLista());
-    f.Campi[15] = "  ";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), QStringList{"1|100|1.5|"});
+    // The comment goes in front of a station in third place, replaces a comment there, leaves
+    // a Relazione Tecnica alone; the detail of the update goes round unchanged, and emptied its
+    // row goes.
+    const QString stazione = "1|100|1.5|", relazione = "6|***** Relazione  Tecnica *****|";
+    const QString dettaglio = "6|DettaglioTipoAgg=VARIAZIONE|";
+    const std::tuple<QStringList, const char*, QStringList> casi[] = {
+        {{stazione}, " X ", {"6|X|", stazione}},
+        {{"6|Y|", stazione}, "X", {"6|X|", stazione}},
+        {{relazione, "6|testo|"}, "X", {"6|X|", relazione, "6|testo|"}},
+        {{dettaglio, stazione}, nullptr, {dettaglio, stazione}},
+        {{dettaglio, stazione}, "  ", {stazione}}};
+    for (const auto& [dopo, commento, attese] : casi) {
+        FormConfigurazione f = Apri(QStringList{kZero, kNove} + dopo);
+        if (commento) f.Campi[15] = commento;
+        EXPECT_TRUE(ConfermaConfigurazione0(s, f));
+        EXPECT_EQ(RigheLista().mid(2), attese) << dopo.join(' ').toStdString();
+    }
 }
 
 TEST_F(ConfermaProva, ConfermaDiMappaCM) {
