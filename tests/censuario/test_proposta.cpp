@@ -6,14 +6,6 @@
 using namespace tavolet;
 using namespace tavolet::test;
 
-TEST(Proposta, AreeEModelloComeLiVuolePregeo) {
-    const AreeProposta a = AreeDaProposta(DaWindows1252(Dati("censuario/proposta.txt")));
-    // Kept on purpose: BBB's parent 99 has no area and takes the one of the row before; the
-    // parts with "+" never reach the files; an outline of area 0 is passed over.
-    EXPECT_EQ(a.aree, ConCensuario::Attese("aree_attese.txt"));
-    EXPECT_EQ(a.modello, ConCensuario::Attese("modello_atteso.txt"));
-}
-
 TEST(Proposta, SenzaRigaAggiornataFileVuoti) {
     const QString testo = "6|ESTRATTO DI MAPPA|\r\n7|5|1%|2%|3%|4%|1%|NC|35|35|100|\r\n";
     const AreeProposta a = AreeDaProposta(testo);
@@ -26,21 +18,18 @@ TEST_F(ConCensuario, IlDoppioDiPonticelloLasciaLaPropostaEIFileSiScrivono) {
     // A scripted double of the helper, mapped as the settings map the real one.
     const QString destinazione =
         PercorsoLocale(s.amb.CartellaLavoro + "\\TEMP\\ESPORTA_PROPOSTA.txt");
-    QDir().mkpath(QFileInfo(destinazione).path());
+    CreaCartella(s.amb.CartellaLavoro + "\\TEMP");
     const QString script = radice.Percorso() + "/ponticello.sh";
-    {
-        QFile f(script);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(QStringLiteral("#!/bin/sh\n[ \"$1\" = ESPORTA_TUTTO ] || exit 3\ncp '%1' '%2'\n")
-                    .arg(PercorsoDati("censuario/proposta.txt"), destinazione)
-                    .toUtf8());
-    }
+    radice.Scrivi(script, QString("#!/bin/sh\n[ \"$1\" = ESPORTA_TUTTO ] || exit 3\ncp '%1' '%2'\n")
+                              .arg(PercorsoDati("censuario/proposta.txt"), destinazione)
+                              .toUtf8());
     p.impostazioni[kSezioneProgrammi + "/PONTICELLO.EXE"] = "/bin/sh " + script;
-    p.esegui = [](const QString& programma, const QStringList& argomenti) {
-        return AvviaProcessoHost(programma, argomenti);
-    };
+    p.esegui = AvviaProcessoHost;
     Libretto();
     EsplodiAreeProposta(s);
+    // The areas and the model as Pregeo wants them (also through the command line): BBB's
+    // parent 99 has no area and takes the one of the row before; the parts with "+" never
+    // reach the files; an outline of area 0 is passed over.
     EXPECT_EQ(s.ErroriMostrati, 0);
     ASSERT_FALSE(p.eventi.isEmpty());
     EXPECT_EQ(p.eventi.first().tipo, "avvia");

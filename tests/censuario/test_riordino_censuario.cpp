@@ -105,17 +105,6 @@ TEST_F(ConCensuario, OgniModelloPassaIlRiordinoSenzaAvviso) {
     }
 }
 
-TEST_F(ConCensuario, UnaRigaAccorciataAManoRestaNelLibretto) {
-    Libretto();
-    QStringList memo = Attese("nuova_costruzione.txt");
-    const QString accorciata = memo[4].left(50);
-    s.doc.TestoLibretto += TestoRighe(memo.mid(0, 4)) + accorciata + CRLF;
-    // The model is replaced; the row that lost its length is no longer part of it and stays.
-    ASSERT_TRUE(SostituisciCensuario(s, memo, "Decozero_106"));
-    EXPECT_TRUE(s.doc.TestoLibretto.contains(accorciata + CRLF));
-    EXPECT_EQ(RigheCensuarieDi(s.doc.TestoLibretto), memo);
-}
-
 TEST_F(ConCensuario, IlModelloAusiliarioNonEContatoDalRiordino) {
     // The regrouping counts only the heads "3SPC " and "51FTP": a fusione of kind
     // "Ausiliario" alone gets its warning there.

@@ -136,17 +136,6 @@ TEST_F(DocumentoProva, EsportaSenzaTagESenzaToccareIlPercorso) {
     EXPECT_EQ(p.eventi.last().tipo, "salva");
 }
 
-TEST_F(DocumentoProva, ScritturaFallitaVaNelRapportoDiErrore) {
-    s.doc.TestoLibretto = "1|A|\r\n";
-    s.doc.PercorsoLibretto = "C:\\cartella che non esiste\\x.dat";
-    ScriviLibrettoMisure(s);
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_EQ(p.Messaggi()[0],
-              "Rilevato errore: Si è verificato questo errore : 76\r\n"
-              "Impossibile trovare il percorso\r\nNella Routine SalvaLibrettoMisure");
-    EXPECT_FALSE(EsisteFile(s.doc.PercorsoLibretto));
-}
-
 TEST_F(DocumentoProva, TrascinamentoSecondoLEstensione) {
     radice.Scrivi("C:\\Libretti\\A.TXT", "0|01012024|9|G224|0001|1|A B|G|PADOVA|\r\n9|1|\r\n");
     p.risposte << Risposta::No;
