@@ -1,15 +1,12 @@
 // The casistica and proposta commands of tavolet-cli.
 #include "supporto.h"
 
-#include <QDir>
-#include <QProcess>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using namespace tavolet::test;
-
-namespace {} // namespace
 
 TEST(CliCasistiche, ListaDxfEProposte) {
     QTemporaryDir dir;
@@ -41,31 +38,25 @@ TEST(CliCasistiche, ListaDxfEProposte) {
     EXPECT_TRUE(binario.err.contains("DXF binario"));
     EXPECT_FALSE(QFile::exists(dir.filePath("bin.DAT")));
 
-    const Esito vuoto =
-        Esegui(radice.Percorso(),
-               {"casistica", "dxf", PercorsoDati("casistiche/usa.dxf"), dir.filePath("usa.DAT")});
+    const Esito vuoto = Esegui(radice.Percorso(),
+                               {"casistica", "dxf", PercorsoDati("casistiche/Leica_Disto_S910.dxf"),
+                                dir.filePath("leica.DAT")});
     EXPECT_EQ(vuoto.codice, 1);
     EXPECT_TRUE(vuoto.err.contains("Nessun dato trovato in memoria!"));
 
     // Exploded and imploded back: the wrapped rows again.
-    QFile f(dir.filePath("anelli.txt"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|RC|5+|5|30|\r\n7|0|11*|1*|RC|\r\n");
-    f.close();
-    EXPECT_EQ(Esegui(radice.Percorso(), {"proposta", "esplodi", dir.filePath("anelli.txt"),
-                                         dir.filePath("esplosi.txt")})
-                  .codice,
-              0);
-    EXPECT_EQ(LeggiFile(dir.filePath("esplosi.txt")),
-              "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|11*|1*|5+|5|30|\r\n");
-    QFile g(dir.filePath("tipizzati.txt"));
-    ASSERT_TRUE(g.open(QIODevice::WriteOnly));
-    g.write("7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|11*|1*|RC|5+|5|30|\r\n");
-    g.close();
-    EXPECT_EQ(Esegui(radice.Percorso(), {"proposta", "implodi", dir.filePath("tipizzati.txt"),
-                                         dir.filePath("impl.txt")})
-                  .codice,
-              0);
-    EXPECT_EQ(LeggiFile(dir.filePath("impl.txt")),
-              "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|RC|5+|5|30|\r\n7|0|11*|1*|RC|\r\n");
+    const QByteArray avvolte =
+        "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|RC|5+|5|30|\r\n7|0|11*|1*|RC|\r\n";
+    const QByteArray esplose = "7|12|1*|2*|3*|4*|5*|6*|7*|8*|9*|10*|11*|1*|5+|5|30|\r\n";
+    for (const auto& [parola, da, a] :
+         {std::tuple("esplodi", avvolte, esplose),
+          std::tuple("implodi", QByteArray(esplose).replace("1*|5+", "1*|RC|5+"), avvolte)}) {
+        radice.Scrivi("C:\\p\\da.txt", da);
+        const QString uscita = dir.filePath(QString(parola) + ".txt");
+        EXPECT_EQ(Esegui(radice.Percorso(),
+                         {"proposta", parola, radice.Percorso() + "/drive_c/p/da.txt", uscita})
+                      .codice,
+                  0);
+        EXPECT_EQ(LeggiFile(uscita), a) << parola;
+    }
 }

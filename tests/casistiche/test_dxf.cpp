@@ -73,22 +73,6 @@ QByteArray RinominaLayer(const QByteArray& dxf, const QMap<QByteArray, QByteArra
 
 } // namespace
 
-TEST_F(Dxf, FileRealiSenzaLayerNotiNonDannoDati) {
-    for (const char* nome : {"POLI-ALL210_12.DXF", "small_r13.dxf", "images.dxf", "usa.dxf",
-                             "Leica_Disto_S910.dxf", "houses_of_parliament_georeferenced.dxf"}) {
-        p.eventi.clear();
-        EXPECT_FALSE(Leggi(nome)) << nome;
-        EXPECT_EQ(p.Messaggi(), QStringList{"Tavolet: Nessun dato trovato in memoria!"}) << nome;
-    }
-}
-
-TEST_F(Dxf, DxfBinarioRifiutato) {
-    EXPECT_FALSE(Leggi("bin_dxf_r12.dxf"));
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_EQ(p.Messaggi()[0], "Importa Polilinee da DXF: " + kDxfBinario);
-    EXPECT_TRUE(ListaDaPoliLineeDxf(Dati("casistiche/bin_dxf_r12.dxf")).binario);
-}
-
 // Every vertex a row 8, every polyline a row 7, checked against ezdxf.
 TEST_F(Dxf, LayerRinominatiControEzdxf) {
     const QList<std::pair<const char*, QMap<QByteArray, QByteArray>>> casi = {
@@ -218,7 +202,7 @@ TEST_F(Dxf, CentomilaVerticiInUnaPolilinea) {
     EXPECT_EQ(p.Messaggi().size(), 1);
 }
 
-TEST_F(Dxf, NessunFileScelto) {
+TEST_F(Dxf, NessunFileMancanteEBinario) {
     EXPECT_FALSE(GeneraLibrettoDaPoliLineeDXF(s, c, QString()));
     EXPECT_EQ(p.Messaggi(), QStringList{"Seleziona Editor: Nessuna File selezionato!"});
     ASSERT_FALSE(p.eventi.isEmpty());
@@ -226,4 +210,6 @@ TEST_F(Dxf, NessunFileScelto) {
     // A file that is missing: the error report under the routine's tag.
     EXPECT_FALSE(GeneraLibrettoDaPoliLineeDXF(s, c, "C:\\non\\esiste.dxf"));
     EXPECT_TRUE(p.Messaggi().last().contains("GeneraLibrettoDaPolilineeDXF"));
+    EXPECT_FALSE(Leggi("bin_dxf_r12.dxf"));
+    EXPECT_EQ(p.Messaggi().last(), "Importa Polilinee da DXF: " + kDxfBinario);
 }

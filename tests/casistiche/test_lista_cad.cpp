@@ -138,11 +138,3 @@ TEST_F(ListaCad, AnelloTroppoLungoNelRapportoErrori) {
     EXPECT_TRUE(Genera(testo));
     EXPECT_EQ(Righe7().size(), 60);
 }
-
-TEST(AvvolgiDieciPunti, DieciUndiciDodici) {
-    EXPECT_EQ(AvvolgiDieciPunti("7|10|1|2|3|4|5|6|7|8|9|10|RC|"),
-              "7|10|1|2|3|4|5|6|7|8|9|10|RC|\r\n");
-    EXPECT_EQ(AvvolgiDieciPunti("7|12|1|2|3|4|5|6|7|8|9|10|11|12|RC|"),
-              "7|12|1|2|3|4|5|6|7|8|9|10|RC|\r\n7|0|11|12|RC|\r\n");
-    EXPECT_EQ(AvvolgiDieciPunti("7|0|NC|"), "7|0|NC|\r\n");
-}

@@ -11,29 +11,36 @@ void ConCensuario::SetUp() {
 }
 
 QStringList ConCensuario::Attese(const QString& nome) {
-    return RigheDiTesto(DaWindows1252(Dati(QStringLiteral("censuario/") + nome)));
+    return RigheDiTesto(DaWindows1252(Dati("censuario/" + nome)));
 }
 
 CampiParticella ConCensuario::Particella(const QString& mappale, const QString& area,
                                          const QString& qualita, const QString& classe) const {
     CampiParticella c;
-    c.Comune = QStringLiteral("A001");
-    c.Foglio = QStringLiteral("00012");
+    c.Comune = "A001";
+    c.Foglio = "00012";
     c.Mappale = mappale;
     c.Qualita = qualita;
     c.Classe = classe;
     c.SupCatastale = area;
     c.SupGrafica = area;
-    c.RedditoAgrario = QStringLiteral("120.50");
-    c.RedditoDominicale = QStringLiteral("80.25");
-    c.Flag = QStringLiteral("SN");
+    c.RedditoAgrario = "120.50";
+    c.RedditoDominicale = "80.25";
+    c.Flag = "SN";
     c.CodiceQualita = CodiceDaQualita(s.amb.TabellaQualita, qualita);
     return c;
 }
 
+Frazionamento ConCensuario::Fraziona(const QString& area, const QString& derivate) {
+    Frazionamento f;
+    f.particella = Particella("35", area);
+    ApriFrazionamento(s, f);
+    if (!derivate.isEmpty()) CambiaNumeroCostituite(s, f, derivate);
+    return f;
+}
+
 void ConCensuario::PropostaPronta(const QString& nome) {
-    radice.Scrivi(s.amb.CartellaLavoro + QStringLiteral("\\TEMP\\ESPORTA_PROPOSTA.txt"),
-                  Dati(nome));
+    radice.Scrivi(s.amb.CartellaLavoro + "\\TEMP\\ESPORTA_PROPOSTA.txt", Dati(nome));
 }
 
 void ConCensuario::Libretto(const QString& nome) {

@@ -17,6 +17,8 @@ struct ConCensuario : ::testing::Test {
     CampiParticella Particella(const QString& mappale, const QString& area,
                                const QString& qualita = QStringLiteral("SEMINATIVO  "),
                                const QString& classe = QStringLiteral("2")) const;
+    // Parcel 35 of that area opened in the frazionamento, with that many derived parcels.
+    Frazionamento Fraziona(const QString& area, const QString& derivate = QString());
     // The Proposta of tests/dati as the helper would leave it, exploded as on a screen's
     // opening.
     void PropostaPronta(const QString& nome = QStringLiteral("censuario/proposta.txt"));

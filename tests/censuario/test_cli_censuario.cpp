@@ -39,8 +39,7 @@ struct CliCensuario : ::testing::Test {
 };
 
 QString Uscita(const QString& nome) {
-    return RigheDiTesto(DaWindows1252(Dati(QStringLiteral("censuario/") + nome))).join(u'\n') +
-           u'\n';
+    return RigheDiTesto(DaWindows1252(Dati("censuario/" + nome))).join(u'\n') + u'\n';
 }
 
 } // namespace

@@ -6,56 +6,55 @@ using namespace tavolet::test;
 
 namespace {
 
-const QStringList kParticelle = {
-    QStringLiteral("6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|120.50|80.25|SN|"),
-    QStringLiteral("6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|SN|"),
-    QStringLiteral("6|PARTICELLA|37|  |PRATO       |500|500|1.00|2.00|SN|")};
+const QStringList kParticelle = {"6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|120.50|80.25|SN|",
+                                 "6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|SN|",
+                                 "6|PARTICELLA|37|  |PRATO       |500|500|1.00|2.00|SN|"};
 
 } // namespace
 
 TEST_F(ConCensuario, NuovaCostruzioneEVariazione) {
-    const CampiParticella p35 = CampiDaParticella(QStringLiteral("A001_00012_35.MAP"),
-                                                  kParticelle[0], s.amb.TabellaQualita);
-    EXPECT_EQ(p35.CodiceQualita, QStringLiteral("001"));
-    EXPECT_EQ(p35.Classe, QStringLiteral("02"));
+    const CampiParticella p35 =
+        CampiDaParticella("A001_00012_35.MAP", kParticelle[0], s.amb.TabellaQualita);
+    EXPECT_EQ(p35.CodiceQualita, "001");
+    EXPECT_EQ(p35.Classe, "02");
     QStringList nc = ModelloNuovaCostruzione(p35);
     ScegliIdentificativo(nc, ListaIdentificativi().value(2));
     EXPECT_EQ(nc, Attese("nuova_costruzione.txt"));
     EXPECT_EQ(ListaIdentificativi().size(), 26);
-    EXPECT_EQ(ListaIdentificativi().last(), QStringLiteral("AAZ"));
+    EXPECT_EQ(ListaIdentificativi().last(), "AAZ");
 
-    const CampiParticella p36 = CampiDaParticella(QStringLiteral("A001_00012_36.MAP"),
-                                                  kParticelle[1], s.amb.TabellaQualita);
+    const CampiParticella p36 =
+        CampiDaParticella("A001_00012_36.MAP", kParticelle[1], s.amb.TabellaQualita);
     QStringList v = ModelloVariazione(p36);
     InvertiFlagModello(v);
     EXPECT_EQ(v, Attese("variazione.txt"));
     InvertiFlagModello(v);
-    EXPECT_EQ(Mid(v[3], 34, 2), QStringLiteral("SN"));
+    EXPECT_EQ(Mid(v[3], 34, 2), "SN");
 
     // Long numbers are cut, long areas lose their leftmost digits, a one-letter classe fills
     // only character 50.
     CampiParticella lungo = p35;
-    lungo.Mappale = QStringLiteral("1234567");
-    lungo.SupCatastale = QStringLiteral("123456789012");
-    lungo.Classe = QStringLiteral("3");
+    lungo.Mappale = "1234567";
+    lungo.SupCatastale = "123456789012";
+    lungo.Classe = "3";
     const QStringList l = ModelloNuovaCostruzione(lungo);
-    EXPECT_EQ(Mid(l[2], 5, 5), QStringLiteral("12345"));
-    EXPECT_EQ(Mid(l[2], 24, 9), QStringLiteral("456789012"));
-    EXPECT_EQ(Mid(l[2], 50, 2), QStringLiteral("3 "));
+    EXPECT_EQ(Mid(l[2], 5, 5), "12345");
+    EXPECT_EQ(Mid(l[2], 24, 9), "456789012");
+    EXPECT_EQ(Mid(l[2], 50, 2), "3 ");
     EXPECT_TRUE(TutteCensuarie(l));
 }
 
 TEST_F(ConCensuario, MemoDiNuovaCostruzioneEVariazione) {
-    const CampiParticella p35 = CampiDaParticella(QStringLiteral("A001_00012_35.MAP"),
-                                                  kParticelle[0], s.amb.TabellaQualita);
+    const CampiParticella p35 =
+        CampiDaParticella("A001_00012_35.MAP", kParticelle[0], s.amb.TabellaQualita);
     QStringList memo;
     AggiungiMemoNuovaCostruzione(memo, ModelloNuovaCostruzione(p35));
     EXPECT_EQ(memo.size(), 5);
     AggiungiMemoNuovaCostruzione(memo, ModelloNuovaCostruzione(p35));
     EXPECT_EQ(memo.size(), 8);
-    EXPECT_EQ(Mid(memo[1], 9, 3), QStringLiteral("006"));
+    EXPECT_EQ(Mid(memo[1], 9, 3), "006");
     RimuoviRigaMemo(memo, 7);
-    EXPECT_EQ(Mid(memo[1], 9, 3), QStringLiteral("005"));
+    EXPECT_EQ(Mid(memo[1], 9, 3), "005");
 
     // A variazione under a memo of another model gets its own head.
     QStringList altra = {kTitoloCensuario, RigaTesta(kModelloFrazionamento, "001"),
@@ -70,12 +69,11 @@ TEST_F(ConCensuario, MemoDiNuovaCostruzioneEVariazione) {
 
     // Fewer than three rows: "Memo Vuoto"; else the model of the libretto is replaced.
     Libretto();
-    EXPECT_FALSE(SostituisciCensuario(s, {kTitoloCensuario}, QStringLiteral("Decozero_106")));
-    EXPECT_EQ(p.Messaggi().last(),
-              QStringLiteral("Memo Vuoto: Nessuna informazone da aggiungere al Libretto!"));
-    ASSERT_TRUE(SostituisciCensuario(s, memo, QStringLiteral("Decozero_106")));
+    EXPECT_FALSE(SostituisciCensuario(s, {kTitoloCensuario}, "Decozero_106"));
+    EXPECT_EQ(p.Messaggi().last(), "Memo Vuoto: Nessuna informazone da aggiungere al Libretto!");
+    ASSERT_TRUE(SostituisciCensuario(s, memo, "Decozero_106"));
     EXPECT_EQ(RigheCensuarieDi(s.doc.TestoLibretto), memo);
-    ASSERT_TRUE(SostituisciCensuario(s, memo, QStringLiteral("Decozero_106")));
+    ASSERT_TRUE(SostituisciCensuario(s, memo, "Decozero_106"));
     EXPECT_EQ(RigheCensuarieDi(s.doc.TestoLibretto), memo);
 }
 
@@ -94,18 +92,18 @@ TEST_F(ConCensuario, FusioneDiTreParticelleDeiDueTipi) {
     o.particelle = kParticelle.mid(0, 1);
     const QStringList una = AnteprimaFusione({}, o, s.amb.TabellaQualita);
     ASSERT_EQ(una.size(), 5);
-    EXPECT_EQ(Mid(una[1], 9, 3), QStringLiteral("003"));
-    EXPECT_TRUE(una[3].startsWith(QStringLiteral("6|S|35   |000|  |     |000000000|  |  |")));
+    EXPECT_EQ(Mid(una[1], 9, 3), "003");
+    EXPECT_TRUE(una[3].startsWith("6|S|35   |000|  |     |000000000|  |  |"));
     o.particelle.clear();
     EXPECT_EQ(AnteprimaFusione({}, o, s.amb.TabellaQualita),
               (QStringList{kTitoloCensuario, RigaTesta(kModelloStralcio, "001")}));
 
     // Gorizia's office: fields padded, the length stays 70.
     o.particelle = kParticelle;
-    o.SiglaProvincia = QStringLiteral("GO");
+    o.SiglaProvincia = "GO";
     const QStringList go = AnteprimaFusione({}, o, s.amb.TabellaQualita);
     EXPECT_TRUE(TutteCensuarie(go));
-    EXPECT_EQ(Split(go[2], QStringLiteral("|")).value(2), QStringLiteral("35        "));
+    EXPECT_EQ(Split(go[2], "|").value(2), "35        ");
 }
 
 TEST_F(ConCensuario, DueFusioniNelloStessoMemo) {
@@ -115,7 +113,7 @@ TEST_F(ConCensuario, DueFusioniNelloStessoMemo) {
     QStringList memo = CaricaMemoFusione(s);
     EXPECT_TRUE(memo.isEmpty());
     EXPECT_TRUE(EsisteFile(PercorsoCensuario(s, kFileFusione)));
-    const QStringList file = ElencoParticelle(s, QStringLiteral("*.MAP"));
+    const QStringList file = ElencoParticelle(s, "*.MAP");
     ASSERT_EQ(file.size(), 3);
     QStringList a = AnteprimaTMFusione(s, memo, file.mid(0, 2), false, true);
     AggiungiMemoFusione(s, memo, a);
@@ -123,9 +121,9 @@ TEST_F(ConCensuario, DueFusioniNelloStessoMemo) {
     EXPECT_EQ(memo.size(), 2 + 5);
     a = AnteprimaTMFusione(s, memo, file.mid(1, 2), false, true);
     // The next group takes the next letter.
-    EXPECT_EQ(Mid(a[3], 37, 8), QStringLiteral("B |BBB  "));
+    EXPECT_EQ(Mid(a[3], 37, 8), "B |BBB  ");
     AggiungiMemoFusione(s, memo, a);
-    EXPECT_EQ(Mid(memo[1], 9, 3), QStringLiteral("010"));
+    EXPECT_EQ(Mid(memo[1], 9, 3), "010");
     EXPECT_TRUE(TutteCensuarie(memo));
     EXPECT_EQ(CaricaMemoFusione(s), memo);
 

@@ -74,9 +74,10 @@ TEST_F(ConCensuario, UnNomeDigitatoNonScriveFuoriDallaSuaCartella) {
                             "C:\\X\\Y", "/tmp/Z"}) {
         for (const auto& [cosa, cartella, deriva] : tabella) {
             const QString percorso = deriva(n);
-            if (!percorso.isEmpty())
+            if (!percorso.isEmpty()) {
                 EXPECT_EQ(CartellaDel(percorso), cartella)
                     << cosa.toStdString() << " " << n.toStdString();
+            }
             CreaCartella(cartella);
             cartelle << QFileInfo(PercorsoLocale(cartella)).canonicalFilePath();
         }

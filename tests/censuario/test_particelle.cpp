@@ -5,23 +5,22 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 TEST(Particelle, RegoleDeiCampi) {
-    EXPECT_EQ(NormalizzaFoglio(QStringLiteral("12")), QStringLiteral("00012"));
-    EXPECT_EQ(NormalizzaFoglio(QStringLiteral("12a")), QStringLiteral("0012A"));
+    EXPECT_EQ(NormalizzaFoglio("12"), "00012");
+    EXPECT_EQ(NormalizzaFoglio("12a"), "0012A");
     EXPECT_EQ(NormalizzaFoglio(QString()), QString());
-    EXPECT_EQ(NormalizzaClasse(QStringLiteral("3")), QStringLiteral("03"));
-    EXPECT_EQ(InvertiFlag(QStringLiteral("sn")), QStringLiteral("SR"));
-    EXPECT_EQ(InvertiFlag(QStringLiteral("SR")), QStringLiteral("SN"));
-    EXPECT_EQ(InvertiFlag(QString()), QStringLiteral("SN"));
+    EXPECT_EQ(NormalizzaClasse("3"), "03");
+    EXPECT_EQ(InvertiFlag("sn"), "SR");
+    EXPECT_EQ(InvertiFlag("SR"), "SN");
+    EXPECT_EQ(InvertiFlag(QString()), "SN");
     // A parcel number with "_" loses its tail on the screen.
     const CampiParticella c = CampiDaParticella(
-        QStringLiteral("A001_00012_35_B.MAP"),
-        QStringLiteral("6|PARTICELLA|35_B|02|PRATO       |100|90|1.5|2.5|SR|"), {});
-    EXPECT_EQ(c.Mappale, QStringLiteral("35"));
-    EXPECT_EQ(c.SupGrafica, QStringLiteral("90"));
-    EXPECT_EQ(c.RedditoDominicale, QStringLiteral("1.5"));
-    EXPECT_EQ(c.Flag, QStringLiteral("SR"));
+        "A001_00012_35_B.MAP", "6|PARTICELLA|35_B|02|PRATO       |100|90|1.5|2.5|SR|", {});
+    EXPECT_EQ(c.Mappale, "35");
+    EXPECT_EQ(c.SupGrafica, "90");
+    EXPECT_EQ(c.RedditoDominicale, "1.5");
+    EXPECT_EQ(c.Flag, "SR");
     // A file of one field gives empty fields, not a failure.
-    const CampiParticella uno = CampiDaParticella(QStringLiteral("X.MAP"), QStringLiteral("6"), {});
+    const CampiParticella uno = CampiDaParticella("X.MAP", "6", {});
     EXPECT_TRUE(uno.Qualita.isEmpty());
     EXPECT_EQ(MappaliInLibretto("A001", "0012", "35, 36"),
               (QStringList{"A001_00012_35.MAP", "A001_00012_36.MAP"}));
@@ -29,60 +28,44 @@ TEST(Particelle, RegoleDeiCampi) {
 }
 
 TEST_F(ConCensuario, ArchiviareRiscriveFileEdEstratto) {
-    const QString estratto =
-        QStringLiteral("0|01012020|PD0000001/2020|A001|00012|35|PD|0|0|0|\r\n"
-                       "6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|0|0|SN|\r\n"
-                       "8|1%|-10.0|-20.0|\r\n"
-                       "6|INQUADRAMENTO|1|2|3|4|5|6|\r\n"
-                       "6|DISTANZA|1|2|3|\r\n"
-                       "7|5|1%|2%|3%|4%|1%|NC|35|35|29380|\r\n"
-                       "6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|SN|\r\n"
-                       "6|SCONOSCIUTA|x|\r\n");
-    radice.Scrivi("C:\\pregeo\\estratti\\A001_00012.EMP", AWindows1252(estratto));
-    s.doc.NomeEstratto = QStringLiteral("A001_00012.EMP");
-    CampiParticella c = Particella(QStringLiteral("35"), QStringLiteral("29380"));
+    radice.Scrivi("C:\\pregeo\\estratti\\A001_00012.EMP", Dati("censuario/archivia.EMP"));
+    s.doc.NomeEstratto = "A001_00012.EMP";
+    CampiParticella c = Particella("35", "29380");
     c.SupGrafica.clear();
-    c.RedditoDominicale = QStringLiteral("130,5");
-    c.Classe = QStringLiteral("1");
-    c.Qualita = QStringLiteral("seminativo");
+    c.RedditoDominicale = "130,5";
+    c.Classe = "1";
+    c.Qualita = "seminativo";
     const QString riga = ArchiviaParticella(s, c);
-    EXPECT_EQ(riga, QStringLiteral("6|PARTICELLA|35|01|seminativo  |29380|29380|130,5|120.50|SN|"));
-    const QString scritta =
-        QStringLiteral("6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|130.5|120.50|SN|");
-    EXPECT_EQ(radice.Leggi(CartellaParticelle(s) + QStringLiteral("A001_00012_35.MAP")),
+    EXPECT_EQ(riga, "6|PARTICELLA|35|01|seminativo  |29380|29380|130,5|120.50|SN|");
+    const QString scritta = "6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|130.5|120.50|SN|";
+    EXPECT_EQ(radice.Leggi(CartellaParticelle(s) + "A001_00012_35.MAP"),
               AWindows1252(scritta + CRLF));
     // The rows come back regrouped; the parcel replaced, unknown rows gone, framing last
     // without a line end.
-    EXPECT_EQ(DaWindows1252(radice.Leggi("C:\\pregeo\\estratti\\A001_00012.EMP")),
-              QStringLiteral("0|01012020|PD0000001/2020|A001|00012|35|PD|0|0|0|\r\n"
-                             "8|1%|-10.0|-20.0|\r\n"
-                             "7|5|1%|2%|3%|4%|1%|NC|35|35|29380|\r\n"
-                             "6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|SN|\r\n") +
-                  scritta + CRLF +
-                  QStringLiteral("6|DISTANZA|1|2|3|\r\n6|INQUADRAMENTO|1|2|3|4|5|6|"));
-    const QStringList elenco = ElencoParticelle(s, QStringLiteral("*.map"));
-    EXPECT_EQ(elenco, QStringList{QStringLiteral("A001_00012_35.MAP")});
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\A001_00012.EMP"),
+              Dati("censuario/archivia_atteso.EMP"));
+    const QStringList elenco = ElencoParticelle(s, "*.map");
+    EXPECT_EQ(elenco, QStringList{"A001_00012_35.MAP"});
     EXPECT_EQ(CampiDaParticella(elenco[0], LeggiRigaParticella(s, elenco[0]), s.amb.TabellaQualita)
                   .CodiceQualita,
-              QStringLiteral("001"));
+              "001");
 }
 
 TEST_F(ConCensuario, ParticelleDalModelloDelFrazionamento) {
     const QStringList fraz = Attese("frazionamento_341.txt");
     const QStringList stralcio = Attese("stralcio.txt");
     // A row "C" before any row "O": blank quality, classe "00".
-    const QString cPrima =
-        QStringLiteral("6|C|     |000|z |ZZZ  |000000000|SN|  |     |000|  |                 |");
-    const QString testo = TestoRighe(QStringList{QStringLiteral("0|x|"), fraz[0], fraz[1], cPrima} +
-                                     fraz.mid(2) + stralcio.mid(1));
-    const QList<FileParticella> f = ParticelleDaModello(
-        testo, QStringLiteral("A001"), QStringLiteral("0012"), s.amb.TabellaQualita);
+    const QString cPrima = "6|C|     |000|z |ZZZ  |000000000|SN|  |     |000|  |                 |";
+    const QString testo =
+        TestoRighe(QStringList{"0|x|", fraz[0], fraz[1], cPrima} + fraz.mid(2) + stralcio.mid(1));
+    const QList<FileParticella> f =
+        ParticelleDaModello(testo, "A001", "0012", s.amb.TabellaQualita);
     ASSERT_EQ(f.size(), 3);
-    EXPECT_EQ(f[0].nome, QStringLiteral("A001_00012_ZZZ.MAP"));
+    EXPECT_EQ(f[0].nome, "A001_00012_ZZZ.MAP");
     // The leading-zero strip of "000000000" leaves an empty area.
-    EXPECT_EQ(f[0].riga, QStringLiteral("6|PARTICELLA|ZZZ|00|            |||0|0|"));
-    EXPECT_EQ(f[1].riga, QStringLiteral("6|PARTICELLA|AAA|02|SEMINATIVO  |14995|14995|0|0|"));
-    EXPECT_EQ(f[2].nome, QStringLiteral("A001_00012_AAB.MAP"));
+    EXPECT_EQ(f[0].riga, "6|PARTICELLA|ZZZ|00|            |||0|0|");
+    EXPECT_EQ(f[1].riga, "6|PARTICELLA|AAA|02|SEMINATIVO  |14995|14995|0|0|");
+    EXPECT_EQ(f[2].nome, "A001_00012_AAB.MAP");
 
     Libretto();
     s.doc.TestoLibretto += TestoRighe(fraz);
@@ -91,35 +74,66 @@ TEST_F(ConCensuario, ParticelleDalModelloDelFrazionamento) {
 }
 
 TEST_F(ConCensuario, ParticelleDaEstratto) {
-    const QStringList conParticelle = {
-        QStringLiteral("0|01012020|PD1/2020|A001|00012|35|PD|"),
-        QStringLiteral("6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|0|0|"),
-        QStringLiteral("6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|")};
+    const QStringList conParticelle = {"0|01012020|PD1/2020|A001|00012|35|PD|",
+                                       "6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|0|0|",
+                                       "6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|"};
     const QList<FileParticella> a = ParticelleDaEstratto(conParticelle, "B000", "9999");
     ASSERT_EQ(a.size(), 2);
-    EXPECT_EQ(a[1].nome, QStringLiteral("A001_00012_36.Map"));
+    EXPECT_EQ(a[1].nome, "A001_00012_36.Map");
     EXPECT_EQ(a[1].riga, conParticelle[2]);
 
     const QStringList soloContorni = {
-        QStringLiteral("0|AUTOALLESTITO|0|0|0|0|0|0|0|0|"),
-        QStringLiteral("7|5|1%|2%|3%|4%|1%|NC|35|35|29380|"),
-        QStringLiteral("7|0|5%|NC|"),
-        QStringLiteral("7|5|1%|2%|3%|4%|1%|NC|37+|37+|50|"),
-        QStringLiteral("7|3|1L|2L|1L|NT|x|x|0|"),
-        QStringLiteral("7|2|1%"),
+        "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|",
+        "7|5|1%|2%|3%|4%|1%|NC|35|35|29380|",
+        "7|0|5%|NC|",
+        "7|5|1%|2%|3%|4%|1%|NC|37+|37+|50|",
+        "7|3|1L|2L|1L|NT|x|x|0|",
+        "7|2|1%",
     };
     const QList<FileParticella> b = ParticelleDaEstratto(soloContorni, "A001", "0012");
     ASSERT_EQ(b.size(), 1);
-    EXPECT_EQ(b[0].nome, QStringLiteral("A001_00012_35.Map"));
-    EXPECT_EQ(b[0].riga, QStringLiteral("6|PARTICELLA|35|  |            |29380|29380|0|0|"));
+    EXPECT_EQ(b[0].nome, "A001_00012_35.Map");
+    EXPECT_EQ(b[0].riga, "6|PARTICELLA|35|  |            |29380|29380|0|0|");
     EXPECT_TRUE(ParticelleDaEstratto({}, "A001", "0012").isEmpty());
 
     // The messages of a missing association or file.
     EXPECT_EQ(GeneraParticelleDaEstratto(s, QString()), 0);
-    EXPECT_EQ(p.Messaggi().last(),
-              QStringLiteral("Estratto non Associato: Estratto NON Associato!"));
-    EXPECT_EQ(GeneraParticelleDaEstratto(s, QStringLiteral("NESSUNO.EMP")), 0);
-    EXPECT_TRUE(
-        p.Messaggi().last().startsWith(QStringLiteral("Estratto non trovato: L'Estratto \r\n")));
-    EXPECT_TRUE(p.Messaggi().last().endsWith(QStringLiteral("\r\nNon esiste!")));
+    EXPECT_EQ(p.Messaggi().last(), "Estratto non Associato: Estratto NON Associato!");
+    EXPECT_EQ(GeneraParticelleDaEstratto(s, "NESSUNO.EMP"), 0);
+    EXPECT_TRUE(p.Messaggi().last().startsWith("Estratto non trovato: L'Estratto \r\n"));
+    EXPECT_TRUE(p.Messaggi().last().endsWith("\r\nNon esiste!"));
+}
+
+// A parcel file that lacks its number, quality or area is refused by every composition with the
+// error report and no rows, never composed with values made up for the missing fields.
+TEST_F(ConCensuario, ParticellaIncompletaRifiutataDaOgniComposizione) {
+    const auto componi = [&](const QString& nome, int tipo) {
+        const CampiParticella c =
+            CampiDaParticella(nome, LeggiRigaParticella(s, nome), s.amb.TabellaQualita);
+        QStringList r;
+        if (tipo == 0) ConTrappola(s, "Decozero_106", [&] { r = ModelloNuovaCostruzione(c); });
+        if (tipo == 1) ConTrappola(s, "BV_TMVariazione", [&] { r = ModelloVariazione(c); });
+        if (tipo == 2) r = AnteprimaTMFusione(s, {}, {"A001_00012_40.MAP", nome}, false, true);
+        if (tipo == 3) r = AnteprimaTMFusione(s, {}, {nome}, true, false);
+        Frazionamento f;
+        f.tipo = tipo == 4 ? TipoSchema::Frazionamento : TipoSchema::Stralcio;
+        f.particella = c;
+        if (tipo >= 4) r = MemoDaSchema(s, f, SchemaDaTesto("C|a|600||||SN|\nC|b|600||||SN|"));
+        return r;
+    };
+    radice.Scrivi(CartellaParticelle(s) + "A001_00012_40.MAP",
+                  "6|PARTICELLA|40|02|SEMINATIVO  |1200|1200|3|2|SN|\r\n");
+    for (int tipo = 0; tipo < 6; ++tipo) EXPECT_GE(componi("A001_00012_40.MAP", tipo).size(), 4);
+    EXPECT_EQ(s.ErroriMostrati, 0);
+    for (const char* riga :
+         {"", "6|PARTICELLA|35", "6|PARTICELLA|35|02|", "6|PARTICELLA|35|02|SEMINATIVO  |",
+          "6|PARTICELLA|35|02|            |1200|1200|3|2|SN|"}) {
+        radice.Scrivi(CartellaParticelle(s) + "A001_00012_35.MAP", riga);
+        for (int tipo = 0; tipo < 6; ++tipo) {
+            const int prima = s.ErroriMostrati;
+            EXPECT_EQ(componi("A001_00012_35.MAP", tipo), QStringList()) << tipo << riga;
+            EXPECT_EQ(s.ErroriMostrati, prima + 1) << tipo << riga;
+        }
+    }
+    EXPECT_TRUE(p.Messaggi().value(0).startsWith("Rilevato errore: "));
 }

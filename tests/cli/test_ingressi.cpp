@@ -1,10 +1,8 @@
 // What tavolet-cli takes as input, and the numbers it writes from absurd ones.
-#include "supporto.h"
+#include "sul_demo.h"
 
-#include <QDir>
 #include <QDirIterator>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -13,21 +11,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Ingressi : ::testing::Test {
-    QTemporaryDir radice;
-    void SetUp() override { CopiaDemo(radice.path()); }
-    QString Scrivi(const QString& nome, const QByteArray& byte) {
-        const QString percorso = radice.filePath(nome);
-        QDir().mkpath(QFileInfo(percorso).path());
-        QFile f(percorso);
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(byte);
-        return percorso;
-    }
-    Esito Esegui(const QStringList& argomenti) {
-        return test::Esegui(radice.path(), argomenti, "21112026");
-    }
-};
+using Ingressi = SulDemo;
 
 // The exact digits of the double nearest to 1e70.
 const QByteArray kDieciAllaSettanta =
@@ -36,8 +20,7 @@ const QByteArray kDieciAllaSettanta =
 } // namespace
 
 TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
-    const QString esempio = radice.filePath("drive_c/Libretti/ESEMPIO.DAT");
-    const QString soloDat = Scrivi("X.DAT", LeggiFile(esempio));
+    const QString soloDat = Scrivi("X.DAT", LeggiFile(Esempio()));
     const QString vuoto = Scrivi("VUOTO.DAT", ""), vuotoEmp = Scrivi("VUOTO.EMP", "");
     const QString vuotoDxf = Scrivi("VUOTO.DXF", "");
     QDir().mkpath(radice.filePath("CARTELLA.DAT"));
@@ -59,7 +42,13 @@ TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
          1,
          "MANCA.LXB\nNON trovato!"},
         {{"libretto", "salva", radice.filePath("CARTELLA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
-        {{"grafica", "dxf", radice.filePath("CARTELLA.DAT"), out + "3.DXF"}, 1, "NON trovato!"}};
+        {{"grafica", "dxf", radice.filePath("CARTELLA.DAT"), out + "3.DXF"}, 1, "NON trovato!"},
+        {{"libretto", "riordina", radice.filePath("MANCA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"configura", "conferma", radice.filePath("MANCA.DAT"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"estratto", "riscrivi", radice.filePath("MANCA.EMP"), out + "3.DAT"}, 1, "NON trovato!"},
+        {{"zip", out + "3.DAT", radice.filePath("MANCA.DAT")}, 1, "NON trovato!"}};
+    // The output of a command whose input is missing is left as it was.
+    Scrivi("OUT3.DAT", "PRIMA\r\n");
     for (const auto& [comando, codice, testo] : tabella) {
         const Esito e = Esegui(comando);
         EXPECT_EQ(e.codice, codice) << comando.join(' ').toStdString() << "\n"
@@ -71,7 +60,10 @@ TEST_F(Ingressi, LeggeCioCheLeggeIlProgramma) {
               Esegui({"libretto", "righe", soloDat}).out);
     for (const char* scritto : {".DAT", ".DXF", ".ZIP"})
         EXPECT_TRUE(QFile::exists(out + scritto)) << scritto;
-    EXPECT_FALSE(QFile::exists(out + "3.DAT"));
+    EXPECT_EQ(LeggiFile(out + "3.DAT"), "PRIMA\r\n");
+    EXPECT_FALSE(QFile::exists(out + "3.DXF"));
+    EXPECT_EQ(Esegui({"libretto", "salva", radice.filePath("MANCA.DAT"), out + "3.DAT"}).err,
+              "Tavolet: " + radice.filePath("MANCA.DAT") + "\nNON trovato!\n");
 }
 
 TEST_F(Ingressi, NumeriAssurdiDannoCifre) {
@@ -105,9 +97,8 @@ TEST_F(Ingressi, NumeriAssurdiDannoCifre) {
 }
 
 TEST_F(Ingressi, IlCognomeDelTecnicoNonEsceDallaCartella) {
-    const QString esempio = radice.filePath("drive_c/Libretti/ESEMPIO.DAT");
     for (const char* cognome : {"../../ESCAPE", "..\\..\\ESC2"}) {
-        const Esito e = Esegui({"configura", "conferma", esempio, radice.filePath("OUT.DAT"),
+        const Esito e = Esegui({"configura", "conferma", Esempio(), radice.filePath("OUT.DAT"),
                                 "--campo", QString("5=") + cognome});
         EXPECT_EQ(e.codice, 0) << e.err.toStdString();
     }

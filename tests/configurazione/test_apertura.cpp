@@ -5,11 +5,7 @@
 using namespace tavolet;
 using namespace tavolet::test;
 
-namespace {
-
 using AperturaProva = ConfigurazioneProva;
-
-} // namespace
 
 TEST_F(AperturaProva, CampiDalleRigheZeroNoveECommento) {
     Libretto({"0|150326|245|G224|0012|145,146|ROSSI MARIO|INGEGNERE|VENEZIA|",
@@ -17,28 +13,13 @@ TEST_F(AperturaProva, CampiDalleRigheZeroNoveECommento) {
               "1|100|1.550|", "8|1|100|300|", "8|2|50|100|", "8|3|150|200|"});
     p.eventi.clear();
     const FormConfigurazione f = ApriConfigurazione(s);
-    const QStringList attesi = {"150326",
-                                "245",
-                                "G224",
-                                "0012",
-                                "145,146",
-                                "ROSSI",
-                                "INGEGNERE",
-                                "VENEZIA",
-                                "8",
-                                "10",
-                                "20",
-                                "1540",
-                                kVersionePregeo,
-                                "MC",
-                                "STAZIONE TOTALE",
-                                "Frazionamento",
-                                "",
-                                "",
-                                "",
-                                "MARIO"};
+    const QStringList attesi =
+        QString("150326|245|G224|0012|145,146|ROSSI|INGEGNERE|VENEZIA|8|10|20|1540|%1|MC|"
+                "STAZIONE TOTALE|Frazionamento||||MARIO")
+            .arg(kVersionePregeo)
+            .split(u'|');
     for (int i = 0; i < kCampiConfigurazione; ++i)
-        EXPECT_EQ(f.Campi[i], attesi[i]) << "campo " << i;
+        EXPECT_EQ(f.Campi[i], attesi.value(i)) << "campo " << i;
     EXPECT_EQ(f.TestoCombo10, "Frazionamento");
     EXPECT_EQ(f.IndiceCombo2, 1); // "MC - ..."
     EXPECT_TRUE(f.Check1);
@@ -59,25 +40,21 @@ TEST_F(AperturaProva, CampiDalleRigheZeroNoveECommento) {
 }
 
 TEST_F(AperturaProva, TerzaRigaDettaglioERelazioneNonSonoCommenti) {
-    Libretto({"0|15032026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|",
-              "9|0|10|20|0||CM|STAZIONE TOTALE|", "6|DettaglioTipoAgg=CONFERMA|"});
-    EXPECT_EQ(ApriConfigurazione(s).Campi[15], "DettaglioTipoAgg=CONFERMA");
-
-    Libretto({"0|15032026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|",
-              "9|0|10|20|0||FR|STAZIONE TOTALE|", "6|***** Relazione  Tecnica *****|"});
-    EXPECT_EQ(ApriConfigurazione(s).Campi[15], "");
-    Libretto({"0|15032026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|",
-              "9|0|10|20|0||FR|STAZIONE TOTALE|", "6|UNO|DUE|"});
-    EXPECT_EQ(ApriConfigurazione(s).Campi[15], ""); // three bars: not a comment
-    // A saved default comment stays when the libretto has none.
+    const QString zero = "0|15032026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|";
+    const auto commento = [&](const QString& tipologia, const QString& terza) {
+        Libretto({zero, "9|0|10|20|0||" + tipologia + "|STAZIONE TOTALE|", terza});
+        return ApriConfigurazione(s).Campi[15];
+    };
+    EXPECT_EQ(commento("CM", "6|DettaglioTipoAgg=CONFERMA|"), "DettaglioTipoAgg=CONFERMA");
+    EXPECT_EQ(commento("FR", "6|***** Relazione  Tecnica *****|"), "");
+    EXPECT_EQ(commento("FR", "6|UNO|DUE|"), ""); // three bars: not a comment
+    // A saved default comment stays when the libretto has none; the libretto's rows win over
+    // the rest of the default head.
     radice.Scrivi(s.amb.CartellaLavoro + "\\Catasto1.txt",
                   Righe({"0|01012020|7|A001|0001|9|X Y|ARCHITETTO|ROVIGO|",
                          "9|5|1|2|3|4|TM|CORDELLA METRICA|", "6|Salvato|"}));
-    Libretto({"0|15032026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|",
-              "9|0|10|20|0||FR|STAZIONE TOTALE|", "1|100|1.5|"});
-    const FormConfigurazione f = ApriConfigurazione(s);
-    EXPECT_EQ(f.Campi[15], "Salvato");
-    EXPECT_EQ(f.Campi[2], "G224"); // the libretto's rows win over the default head
+    EXPECT_EQ(commento("FR", "1|100|1.5|"), "Salvato");
+    EXPECT_EQ(ApriConfigurazione(s).Campi[2], "G224");
 }
 
 TEST_F(AperturaProva, TecnicoDaPregeoIniEDalSuoFile) {

@@ -5,45 +5,38 @@
 using namespace tavolet;
 using namespace tavolet::test;
 
-namespace {
-
 using CampiProva = ConfigurazioneProva;
-
-QString Esci(Stato& s, FormConfigurazione& f, int i, const QString& testo) {
-    f.Campi[i] = testo;
-    EsciDalCampo(s, f, i);
-    return f.Campi[i];
-}
-
-} // namespace
 
 TEST_F(CampiProva, RegoleAllUscitaDaiCampi) {
     Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||",
               "8|1|100|300|", "8|2|50|100|"});
     FormConfigurazione f = ApriConfigurazione(s);
-    // The date: six digits are expanded at 80, a blank becomes today.
-    EXPECT_EQ(Esci(s, f, 0, "010295"), "01021995");
-    EXPECT_EQ(Esci(s, f, 0, "010279"), "01022079");
-    EXPECT_EQ(Esci(s, f, 0, ""), "15012026");
-    EXPECT_EQ(Esci(s, f, 0, "15012026"), "15012026");
-    // The sheet and its allegato.
-    EXPECT_EQ(Esci(s, f, 3, "1"), "0010");
-    EXPECT_EQ(Esci(s, f, 3, "A"), "000A");
-    EXPECT_EQ(Esci(s, f, 3, "12"), "0120");
-    EXPECT_EQ(Esci(s, f, 3, "12a"), "012A");
-    EXPECT_EQ(Esci(s, f, 3, "0012"), "0012");
-    EXPECT_EQ(Esci(s, f, 3, "12345"), "12345");
-    // Parcels in order, without doubles.
-    EXPECT_EQ(Esci(s, f, 4, "12,3,12"), "3,12");
-    // The fields that always reset, and those that fill when blank.
-    EXPECT_EQ(Esci(s, f, 9, "5"), "10");
-    EXPECT_EQ(Esci(s, f, 10, "5"), "20");
-    EXPECT_EQ(Esci(s, f, 12, "X"), kVersionePregeo);
-    EXPECT_EQ(Esci(s, f, 13, " "), "FR");
-    EXPECT_EQ(Esci(s, f, 13, "TM"), "TM");
-    EXPECT_EQ(Esci(s, f, 11, ""), "200");
-    EXPECT_EQ(Esci(s, f, 11, "7"), "7");
-    EXPECT_EQ(Esci(s, f, 8, "abc"), "abc"); // accepted as it stands
+    // The date: six digits are expanded at 80, a blank becomes today. The sheet and its
+    // allegato; parcels in order, without doubles; the fields that always reset, those that fill
+    // when blank (the east from the rows 8), and the quota, accepted as it stands.
+    const std::tuple<int, const char*, QString> casi[] = {{0, "010295", "01021995"},
+                                                          {0, "", "15012026"},
+                                                          {0, "15012026", "15012026"},
+                                                          {3, "1", "0010"},
+                                                          {3, "A", "000A"},
+                                                          {3, "12", "0120"},
+                                                          {3, "12a", "012A"},
+                                                          {3, "0012", "0012"},
+                                                          {3, "12345", "12345"},
+                                                          {4, "12,3,12", "3,12"},
+                                                          {9, "5", "10"},
+                                                          {10, "5", "20"},
+                                                          {12, "X", kVersionePregeo},
+                                                          {13, " ", "FR"},
+                                                          {13, "TM", "TM"},
+                                                          {11, "", "200"},
+                                                          {11, "7", "7"},
+                                                          {8, "abc", "abc"}};
+    for (const auto& [campo, testo, atteso] : casi) {
+        f.Campi[campo] = testo;
+        EsciDalCampo(s, f, campo);
+        EXPECT_EQ(f.Campi[campo], atteso) << campo << " " << testo;
+    }
     EXPECT_TRUE(p.Messaggi().isEmpty());
 
     ScegliTipologia(s, f, 3);
@@ -161,18 +154,14 @@ TEST_F(CampiProva, AltriComandiPerIndice) {
     EXPECT_EQ(f.EtichettaEstratto, "");
 
     // The archive of comuni gives its code back on confirmation only.
-    f.schermi.ApriComuni = [](Stato& st) {
-        st.testata.CodiceComuneLibretto = "L736";
-        return 0;
-    };
-    ComandoConfigurazione(s, f, 6);
-    EXPECT_EQ(f.Campi[2], "G224");
-    f.schermi.ApriComuni = [](Stato& st) {
-        st.testata.CodiceComuneLibretto = "L736";
-        return 1;
-    };
-    ComandoConfigurazione(s, f, 6);
-    EXPECT_EQ(f.Campi[2], "L736");
+    for (const int esito : {0, 1}) {
+        f.schermi.ApriComuni = [esito](Stato& st) {
+            st.testata.CodiceComuneLibretto = "L736";
+            return esito;
+        };
+        ComandoConfigurazione(s, f, 6);
+        EXPECT_EQ(f.Campi[2], esito ? "L736" : "G224");
+    }
 
     // "Nuovo Arch2.DB VUOTO" without an archive in the program's folder.
     p.eventi.clear();

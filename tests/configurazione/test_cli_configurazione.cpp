@@ -1,9 +1,6 @@
-// tavolet-cli's commands of the head dialog and of the archives, and the check of its inputs.
+// tavolet-cli's commands of the head dialog and of the archives of comuni.
 #include "supporto.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -19,16 +16,7 @@ struct CliConfigurazione : ::testing::Test {
     Esito Esegui(const QStringList& argomenti) {
         return test::Esegui(radice.path(), argomenti, "21112026");
     }
-    QString Locale(const QString& relativo) const { return radice.path() + "/" + relativo; }
-    QByteArray Leggi(const QString& relativo) const {
-        QFile f(Locale(relativo));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-    void Scrivi(const QString& relativo, const QByteArray& byte) const {
-        QFile f(Locale(relativo));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(byte);
-    }
+    QByteArray Leggi(const QString& relativo) const { return LeggiFile(radice.filePath(relativo)); }
 };
 
 } // namespace
@@ -44,10 +32,8 @@ TEST_F(CliConfigurazione, CampiEConferma) {
     ASSERT_EQ(e.codice, 0) << e.err.toStdString();
     EXPECT_EQ(Leggi("drive_c/Libretti/OUT.DAT"), Dati("configurazione/conferma_esempio.dat"));
     // PREGEO.INI untouched with --check1 0.
-    EXPECT_EQ(Leggi("drive_c/windows/PREGEO.INI"), [] {
-        QFile f(qEnvironmentVariable("TAVOLET_DEMO") + "/drive_c/windows/PREGEO.INI");
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }());
+    EXPECT_EQ(Leggi("drive_c/windows/PREGEO.INI"),
+              LeggiFile(qEnvironmentVariable("TAVOLET_DEMO") + "/drive_c/windows/PREGEO.INI"));
 
     e = Esegui({"configura", "conferma", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT",
                 "--campo", "25=X"});
@@ -73,29 +59,4 @@ TEST_F(CliConfigurazione, CodiceFiscaleEComuni) {
     ASSERT_EQ(righe.size(), 2);
     EXPECT_EQ(righe[0], "Nome Comune                            C.Cat C.Fis Prov.");
     EXPECT_TRUE(righe[1].contains("|G693 |"));
-}
-
-TEST_F(CliConfigurazione, IngressoMancanteNonScriveNulla) {
-    Scrivi("drive_c/Libretti/OUT.DAT", "PRIMA\r\n");
-    QDir().mkpath(Locale("drive_c/Libretti/CARTELLA.DAT"));
-    const QList<QStringList> comandi = {
-        {"libretto", "salva", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"libretto", "riordina", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"libretto", "salva", "C:\\Libretti\\CARTELLA.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"configura", "conferma", "C:\\Libretti\\MANCANTE.DAT", "C:\\Libretti\\OUT.DAT"},
-        {"estratto", "riscrivi", "C:\\Libretti\\MANCANTE.EMP", "C:\\Libretti\\OUT.DAT"},
-        {"zip", "C:\\Libretti\\OUT.DAT", "C:\\Libretti\\MANCANTE.DAT"}};
-    for (const QStringList& c : comandi) {
-        const Esito e = Esegui(c);
-        EXPECT_EQ(e.codice, 1) << c.join(' ').toStdString();
-        EXPECT_TRUE(e.err.contains("\nNON trovato!")) << e.err.toStdString();
-        EXPECT_EQ(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n") << c.join(' ').toStdString();
-    }
-    const Esito e = Esegui(comandi[0]);
-    EXPECT_EQ(e.err, "Tavolet: C:\\Libretti\\MANCANTE.DAT\nNON trovato!\n");
-    // A good input still goes through.
-    EXPECT_EQ(
-        Esegui({"libretto", "salva", "C:\\Libretti\\ESEMPIO.DAT", "C:\\Libretti\\OUT.DAT"}).codice,
-        0);
-    EXPECT_NE(Leggi("drive_c/Libretti/OUT.DAT"), "PRIMA\r\n");
 }

@@ -1,4 +1,10 @@
+// The head dialog confirmed: the rows, the technician's file, PREGEO.INI; and the versions a
+// save keeps of the bytes it replaces.
+#include "protezioni.h"
 #include "prova_configurazione.h"
+#include "storico.h"
+
+#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -27,6 +33,10 @@ struct ConfermaProva : ConfigurazioneProva {
 
 const QString kZero = "0|15032026|245|G224|0012|145|ROSSI MARIO|GEOMETRA|PADOVA|";
 const QString kNove = "9|8|10|20|1540|10.00-G,STDA 2.08|FR|STAZIONE TOTALE|";
+
+QStringList Versioni(const Stato& s) {
+    return QDir(PercorsoLocale(CartellaStorico(s))).entryList(QDir::Files);
+}
 
 } // namespace
 
@@ -102,34 +112,23 @@ TEST_F(ConfermaProva, MappaliRiordinatiEMaiuscole) {
 }
 
 TEST_F(ConfermaProva, RigaDelCommento) {
-    // A station in third place: the comment goes in front of it.
-    FormConfigurazione f = Apri({kZero, kNove, "1|100|1.5|"});
-    f.Campi[15] = " X ";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), (QStringList{"6|X|", "1|100|1.5|"}));
-
-    // A comment in third place is replaced.
-    f = Apri({kZero, kNove, "6|Y|", "1|100|1.5|"});
-    f.Campi[15] = "X";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), (QStringList{"6|X|", "1|100|1.5|"}));
-
-    // A Relazione Tecnica in third place is left alone.
-    f = Apri({kZero, kNove, "6|***** Relazione  Tecnica *****|", "6|testo|"});
-    f.Campi[15] = "X";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2),
-              (QStringList{"6|X|", "6|***** Relazione  Tecnica *****|", "6|testo|"}));
-
-    // The detail of the update goes round unchanged; emptied, its row goes.
-    f = Apri({kZero, kNove, "6|DettaglioTipoAgg=VARIAZIONE|", "1|100|1.5|"});
-    EXPECT_EQ(f.Campi[15], "DettaglioTipoAgg=VARIAZIONE");
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista()[2], "6|DettaglioTipoAgg=VARIAZIONE|");
-    f = Apri(RigheLista());
-    f.Campi[15] = "  ";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), QStringList{"1|100|1.5|"});
+    // The comment goes in front of a station in third place, replaces a comment there, leaves
+    // a Relazione Tecnica alone; the detail of the update goes round unchanged, and emptied its
+    // row goes.
+    const QString stazione = "1|100|1.5|", relazione = "6|***** Relazione  Tecnica *****|";
+    const QString dettaglio = "6|DettaglioTipoAgg=VARIAZIONE|";
+    const std::tuple<QStringList, const char*, QStringList> casi[] = {
+        {{stazione}, " X ", {"6|X|", stazione}},
+        {{"6|Y|", stazione}, "X", {"6|X|", stazione}},
+        {{relazione, "6|testo|"}, "X", {"6|X|", relazione, "6|testo|"}},
+        {{dettaglio, stazione}, nullptr, {dettaglio, stazione}},
+        {{dettaglio, stazione}, "  ", {stazione}}};
+    for (const auto& [dopo, commento, attese] : casi) {
+        FormConfigurazione f = Apri(QStringList{kZero, kNove} + dopo);
+        if (commento) f.Campi[15] = commento;
+        EXPECT_TRUE(ConfermaConfigurazione0(s, f));
+        EXPECT_EQ(RigheLista().mid(2), attese) << dopo.join(' ').toStdString();
+    }
 }
 
 TEST_F(ConfermaProva, ConfermaDiMappaCM) {
@@ -189,4 +188,48 @@ TEST_F(ConfermaProva, CodiceFiscaleConCaratteriEstranei) {
     ASSERT_EQ(p.Messaggi().size(), 1);
     EXPECT_TRUE(p.Messaggi()[0].contains("VerificaCodiceFiscale"));
     EXPECT_EQ(p.Domande().size(), 1);
+}
+
+TEST_F(ConfigurazioneProva, NuovoAnnullatoEChiusoSiRecupera) {
+    const QByteArray originale = Righe({"0|15032026|245|G224|0012|145|ROSSI MARIO|GEOMETRA|PADOVA|",
+                                        "9|8|10|20|1540||FR|STAZIONE TOTALE|", "1|100|1.5|",
+                                        "6|<EST>|", "6|<COD>|", "6|<ISC>|"});
+    radice.Scrivi("C:\\Lavori\\ATTO.DAT", originale);
+    ASSERT_TRUE(TrascinaLibretto(s, "C:\\Lavori\\ATTO.DAT"));
+    // Saving the same bytes keeps no version.
+    ScriviLibrettoMisure(s);
+    EXPECT_TRUE(Versioni(s).isEmpty());
+
+    // "Nuovo", "Annulla", then the close: the new document belongs to no file, so the close
+    // asks where to write it and the old file stays as it was.
+    NuovoLibretto(s);
+    EXPECT_TRUE(ChiusuraProgramma(s));
+    EXPECT_EQ(p.eventi.last().tipo, "salva");
+    EXPECT_EQ(radice.Leggi("C:\\Lavori\\ATTO.DAT"), originale);
+    EXPECT_TRUE(Versioni(s).isEmpty());
+
+    // Saved over the old file on purpose, its bytes are kept.
+    s.doc.PercorsoLibretto = "C:\\Lavori\\ATTO.DAT";
+    ChiusuraProgramma(s);
+    EXPECT_NE(radice.Leggi("C:\\Lavori\\ATTO.DAT"), originale);
+    const QStringList v = Versioni(s);
+    ASSERT_EQ(v, QStringList{"ATTO.DAT~20260115-103000"});
+    EXPECT_EQ(radice.Leggi(CartellaStorico(s) + "\\" + v[0]), originale);
+
+    // Ten versions of a name are kept, the oldest go; another name has its own.
+    for (int i = 0; i < 12; ++i) {
+        s.doc.TestoLibretto = QString("0|%1|\r\n").arg(i);
+        ScriviLibrettoMisure(s);
+    }
+    radice.Scrivi("C:\\Altro\\ATTO2.DAT", "X\r\n");
+    s.doc.PercorsoLibretto = "C:\\Altro\\ATTO2.DAT";
+    ScriviLibrettoMisure(s);
+    const QStringList tutte = Versioni(s);
+    EXPECT_EQ(tutte.size(), 11);
+    EXPECT_EQ(tutte.filter("ATTO.DAT~").size(), 10);
+    EXPECT_EQ(tutte.filter("ATTO2.DAT~"), QStringList{"ATTO2.DAT~20260115-103000"});
+    // The newest version holds the bytes of the save before the last one.
+    EXPECT_EQ(radice.Leggi(CartellaStorico(s) + "\\" + tutte.filter("ATTO.DAT~").last()),
+              QByteArray("0|10|\r\n") + "6|<EST>|\r\n6|<COD>|\r\n6|<ISC>|\r\n");
+    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join('\n').toStdString();
 }

@@ -55,30 +55,22 @@ TEST_F(SulDemo, OgniDifettoDaIlSuoCodiceESuaRiga) {
     EXPECT_EQ(Codici(pulito, kAvviso), (QStringList{"RELAZIONE@0", "DATA_PASSATA@1"}));
     EXPECT_TRUE(p.eventi.isEmpty());
 
-    const QString blu(17, u' ');
+    const QString blu(17, u' '), tecnico = "|BIANCHI LUCA|GEOMETRA|PADOVA|";
     struct Caso {
         int riga; // 1-based; negative: inserted before that row
         QString testo;
         QStringList attesi;
     };
     const QList<Caso> casi = {
-        {1, "0|15132024|245|G693|0012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|", {"DATA@1"}},
-        {1, "0|15032025|245|G693|0012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|", {"DATA_FUTURA@1"}},
-        {1, "0|15032024|24A|G693|0012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|", {"PROTOCOLLO@1"}},
-        {1,
-         "0|15032024|245|Z999|0012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|",
-         {"COMUNE@1", "ESTRATTO_COMUNE@1"}},
-        {1,
-         "0|15032024|245|G693|012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|",
-         {"FOGLIO@1", "ESTRATTO_FOGLIO@1"}},
-        {1,
-         "0|15032024|245|G693|0012|145;146|BIANCHI LUCA|GEOMETRA|PADOVA|",
-         {"MAPPALI@1", "ESTRATTO_MAPPALE@1"}},
-        {1,
-         "0|15032024|245|G693|0012|145,147|BIANCHI LUCA|GEOMETRA|PADOVA|",
-         {"ESTRATTO_MAPPALE@1"}},
+        {1, "0|15132024|245|G693|0012|145,146" + tecnico, {"DATA@1"}},
+        {1, "0|15032025|245|G693|0012|145,146" + tecnico, {"DATA_FUTURA@1"}},
+        {1, "0|15032024|24A|G693|0012|145,146" + tecnico, {"PROTOCOLLO@1"}},
+        {1, "0|15032024|245|Z999|0012|145,146" + tecnico, {"COMUNE@1", "ESTRATTO_COMUNE@1"}},
+        {1, "0|15032024|245|G693|012|145,146" + tecnico, {"FOGLIO@1", "ESTRATTO_FOGLIO@1"}},
+        {1, "0|15032024|245|G693|0012|145;146" + tecnico, {"MAPPALI@1", "ESTRATTO_MAPPALE@1"}},
+        {1, "0|15032024|245|G693|0012|145,147" + tecnico, {"ESTRATTO_MAPPALE@1"}},
         {2, "9|8|10|20|15.40|10.00-G,STDA 2.08|18|STAZIONE TOTALE|", {"RIGA9@2"}},
-        {3, "0|15032024|245|G693|0012|145,146|BIANCHI LUCA|GEOMETRA|PADOVA|", {"RIGA0@3"}},
+        {3, "0|15032024|245|G693|0012|145,146" + tecnico, {"RIGA0@3"}},
         {3, "X|Frazionamento|", {"TIPO@3"}},
         {3, "6|Frazionamento ≈ 145|", {"CARATTERE@3"}},
         {5, "2|200|0.0000|98.76x54|85.321|1.500|", {"MISURA@5"}},

@@ -16,44 +16,11 @@
 using namespace tavolet;
 using namespace tavolet::test;
 
-namespace {
-
-// A small PDF of one page whose content stream draws the act's tag blocks as text, written
-// without compression as Pregeo's printer driver leaves it.
-QByteArray PdfConBlocchi(const QByteArray& testo) {
-    QByteArray contenuto = "BT /F1 8 Tf 10 10 Td (" + testo + ") Tj ET\n";
-    QList<QByteArray> oggetti = {
-        "<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
-        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Contents 4 0 R "
-        "/Resources << /Font << /F1 5 0 R >> >> >>",
-        "<< /Length " + QByteArray::number(contenuto.size()) + " >>\nstream\n" + contenuto +
-            "endstream",
-        "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>"};
-    QByteArray pdf = "%PDF-1.4\n";
-    QList<qsizetype> posizioni;
-    for (int i = 0; i < oggetti.size(); ++i) {
-        posizioni << pdf.size();
-        pdf += QByteArray::number(i + 1) + " 0 obj\n" + oggetti[i] + "\nendobj\n";
-    }
-    const qsizetype xref = pdf.size();
-    pdf += "xref\n0 " + QByteArray::number(oggetti.size() + 1) + "\n0000000000 65535 f \n";
-    for (qsizetype p : posizioni)
-        pdf += QByteArray::number(p).rightJustified(10, '0') + " 00000 n \n";
-    pdf += "trailer\n<< /Size " + QByteArray::number(oggetti.size() + 1) +
-           " /Root 1 0 R >>\nstartxref\n" + QByteArray::number(xref) + "\n%%EOF\n";
-    return pdf;
-}
-
-const QByteArray kBlocchi = "[TAG1000]|0|01012024|7|G224|0001|5|ROSSI<nr>9|1|10|20|<nr>[/TAG"
-                            "[TAG2000]|1|100|1.5|<nr>2|P|x|[/TAG"
-                            "[TAG3000]|FR|x|A001_00120.EMP|[/TAG"
-                            "[TAG4000]|9|ROSSI\\\\ MARIO|<nr>9|BIANCHI|[/TAG"
-                            "[TAG7000]|ignorato[/TAG";
-
-} // namespace
-
+// blocchi.pdf: one page whose content stream draws the act's tag blocks as text, without
+// compression, as Pregeo's printer driver leaves it.
 TEST(BlocchiTag, BlocchiDalleRigheDelPdf) {
-    const BlocchiTag b = LeggiBlocchiTagDaDati(PdfConBlocchi(kBlocchi));
+    const QByteArray pdf = Dati("core/blocchi.pdf");
+    const BlocchiTag b = LeggiBlocchiTagDaDati(pdf);
     ASSERT_EQ(b.blocchi.size(), 4);
     EXPECT_EQ(b.Testo(1000), "0|01012024|7|G224|0001|5|ROSSI\r\n9|1|10|20|\r\n");
     EXPECT_EQ(b.Pezzi(2000), (QStringList{"1|100|1.5|", "2|P|x|"}));
@@ -71,7 +38,6 @@ TEST(BlocchiTag, BlocchiDalleRigheDelPdf) {
 
     // Random bytes and cut copies of the PDF: no crash, and never a block that was not there.
     QRandomGenerator caso(7);
-    const QByteArray pdf = PdfConBlocchi(kBlocchi);
     for (int i = 0; i < 300; ++i) {
         QByteArray dati = pdf.left(caso.bounded(int(pdf.size())));
         for (int j = 0; j < 5; ++j)
@@ -85,26 +51,23 @@ TEST(BlocchiTag, PdfRiscrittoConFlussiCompressi) {
     const QString qpdf = QStandardPaths::findExecutable("qpdf");
     if (qpdf.isEmpty()) GTEST_SKIP() << "qpdf non installato (Debian qpdf): salto la prova";
     QTemporaryDir dir;
-    const QString in = dir.filePath("atto.pdf"), out = dir.filePath("compresso.pdf");
-    QFile f(in);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(PdfConBlocchi(kBlocchi));
-    f.close();
-    ASSERT_EQ(
-        QProcess::execute(qpdf, {"--object-streams=generate", "--compress-streams=y", in, out}), 0);
-    QFile c(out);
-    ASSERT_TRUE(c.open(QIODevice::ReadOnly));
-    const QByteArray compresso = c.readAll();
+    const QString out = dir.filePath("compresso.pdf");
+    ASSERT_EQ(QProcess::execute(qpdf, {"--object-streams=generate", "--compress-streams=y",
+                                       PercorsoDati("core/blocchi.pdf"), out}),
+              0);
+    const QByteArray compresso = LeggiFile(out);
     ASSERT_FALSE(compresso.contains("[TAG")) << "qpdf left the text uncompressed";
     const BlocchiTag b = LeggiBlocchiTagDaDati(compresso);
     EXPECT_EQ(b.Testo(1000), "0|01012024|7|G224|0001|5|ROSSI\r\n9|1|10|20|\r\n");
     EXPECT_EQ(b.Testo(4000), "ROSSI MARIO\r\nBIANCHI");
 
-    // A stream that does not inflate is skipped.
+    // A stream that does not inflate is skipped: nothing made up from its bytes.
     QByteArray rotto = compresso;
     const qsizetype s = rotto.indexOf("stream\n");
     for (int i = 0; i < 40 && s + 9 + i < rotto.size(); ++i) rotto[s + 9 + i] = 'Z';
-    LeggiBlocchiTagDaDati(rotto);
+    const BlocchiTag r = LeggiBlocchiTagDaDati(rotto);
+    for (const BloccoTag& blocco : r.blocchi)
+        EXPECT_EQ(r.Testo(blocco.numero), b.Testo(blocco.numero)) << blocco.numero;
 }
 
 TEST_F(ConPregeo, RispostaAlProgrammaChiamante) {

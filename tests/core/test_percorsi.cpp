@@ -1,9 +1,14 @@
+// Windows paths in the root, text files, and names typed by the operator made into one file's
+// name.
 #include "file_testo.h"
+#include "nome_file.h"
 #include "percorsi.h"
 #include "supporto.h"
 
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -68,21 +73,49 @@ TEST(Percorsi, FileDiTestoRigheEScrittura) {
     CreaCartella("C:\\X");
     ScriviTesto("C:\\x\\è.txt", QString("perché €\r\n"));
     EXPECT_EQ(radice.Leggi("C:\\x\\è.txt"), QByteArray("perch\xE9 \x80\r\n"));
-    try {
-        LeggiTesto("C:\\x\\manca.txt");
-        FAIL();
-    } catch (const Errore& e) {
-        EXPECT_EQ(e.numero, 53);
-    }
-    try {
-        LeggiTesto("C:\\manca\\manca.txt");
-        FAIL();
-    } catch (const Errore& e) {
-        EXPECT_EQ(e.numero, 76);
+    // A missing file is error 53, a missing folder 76.
+    for (const auto& [percorso, numero] :
+         {std::pair{"C:\\x\\manca.txt", 53}, {"C:\\m\\m.txt", 76}}) {
+        try {
+            LeggiTesto(percorso);
+            ADD_FAILURE() << percorso;
+        } catch (const Errore& e) {
+            EXPECT_EQ(e.numero, numero);
+        }
     }
     CopiaFile("C:\\x\\è.txt", "C:\\x\\copia.txt");
     EXPECT_EQ(radice.Leggi("C:\\x\\copia.txt"), radice.Leggi("C:\\x\\è.txt"));
     EliminaFile("C:\\x\\copia.txt");
     EXPECT_FALSE(EsisteFile("C:\\x\\copia.txt"));
     EXPECT_NO_THROW(EliminaFile("C:\\x\\copia.txt"));
+}
+
+TEST(NomiFile, UnNomeDigitatoRestaNellaSuaCartella) {
+    // What Windows takes as one name of a folder, and nothing else.
+    const QRegularExpression vietato(QStringLiteral("[<>:\"/\\\\|?*\\x00-\\x1F]|\\.\\.|[. ]$"));
+    const QRegularExpression dispositivo(
+        QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])( *\\..*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QString pezzi[] = {"..", ".", "/", "\\", ":",  "CON", "nul",  "Com1",  "lpt9", " ", "?",
+                             "*",  "<", ">", "|",  "\"", "\t",  "\x01", "ROSSI", "è",    "A", "1"};
+    QRandomGenerator g(6);
+    for (int i = 0; i < 3000; ++i) {
+        QString nome;
+        for (int k = g.bounded(1, 7); k > 0; --k) nome += pezzi[g.bounded(int(std::size(pezzi)))];
+        const QString sicuro = NomeFileSicuro(nome);
+        ASSERT_FALSE(sicuro.isEmpty()) << nome.toStdString();
+        EXPECT_FALSE(vietato.match(sicuro).hasMatch()) << nome.toStdString();
+        EXPECT_FALSE(dispositivo.match(sicuro).hasMatch()) << nome.toStdString();
+        EXPECT_EQ(NomeFileSicuro(sicuro), sicuro) << nome.toStdString();
+        // A plain name is left as typed.
+        const bool semplice = !nome.contains(QRegularExpression("[^A-Z0-9è]"));
+        if (semplice && !dispositivo.match(nome).hasMatch()) {
+            EXPECT_EQ(sicuro, nome);
+        }
+    }
+    EXPECT_EQ(NomeFileSicuro("../../ESCAPE X"), "_._ESCAPE X");
+    EXPECT_EQ(NomeFileSicuro("..\\..\\ESC2"), "_._ESC2");
+    EXPECT_EQ(NomeFileSicuro("con.txt"), "_con.txt");
+    EXPECT_EQ(NomeFileSicuro("A001_0012_35.Map"), "A001_0012_35.Map");
+    EXPECT_EQ(NomeFileSicuro(""), "");
 }

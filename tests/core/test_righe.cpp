@@ -8,14 +8,19 @@
 
 using namespace tavolet;
 
-TEST(Righe, TipoDaLetturaNumerica) {
-    EXPECT_EQ(TipoRiga(""), 0);
-    EXPECT_EQ(TipoRiga(" 6|x|"), 6);
-    EXPECT_EQ(TipoRiga("6a|x|"), 6);
-    EXPECT_EQ(TipoRiga("8|PF"), 8);
-    EXPECT_EQ(TipoRiga("ABC|"), 0);
-    EXPECT_EQ(TipoRiga("1.5|"), -1);
-    EXPECT_EQ(TipoRiga("1E999|"), -1);
+TEST(Righe, TipoDaLetturaNumericaEPuntiDelContorno) {
+    // A kind that is not a whole number is -1.
+    const std::pair<const char*, int> tipi[] = {{"", 0},       {" 6|x|", 6}, {"6a|x|", 6},
+                                                {"8|PF", 8},   {"ABC|", 0},  {"1.5|", -1},
+                                                {"1E999|", -1}};
+    for (const auto& [riga, tipo] : tipi) EXPECT_EQ(TipoRiga(riga), tipo) << riga;
+    // A value of 0 ends the points as a type code does.
+    const std::pair<const char*, int> punti[] = {{"7|2|1|2|RC|", 2},
+                                                 {"7|3|10|11|12|N|", 3},
+                                                 {"7|0|11|12|RC|", 2},
+                                                 {"7|3|5|0|6|RC|", 1},
+                                                 {"7|2|1|2|", 2}};
+    for (const auto& [riga, n] : punti) EXPECT_EQ(ScomponiRiga(riga).NumeroPunti, n) << riga;
 }
 
 TEST(Righe, ScomponiRigaContaFinoAlPrimoCampoVuoto) {
@@ -42,15 +47,6 @@ TEST(Righe, CommentoLungoRestaIntero) {
     const QString quaranta = QString("6|") + QString(37, 'x') + "|";
     ASSERT_EQ(quaranta.size(), 40);
     EXPECT_EQ(ScomponiRiga(quaranta).Campo(1), QString(37, 'x'));
-}
-
-TEST(Righe, PuntiDelContorno) {
-    EXPECT_EQ(ScomponiRiga("7|2|1|2|RC|").NumeroPunti, 2);
-    EXPECT_EQ(ScomponiRiga("7|3|10|11|12|N|").NumeroPunti, 3);
-    EXPECT_EQ(ScomponiRiga("7|0|11|12|RC|").NumeroPunti, 2);
-    // A value of 0 ends the points as a type code does.
-    EXPECT_EQ(ScomponiRiga("7|3|5|0|6|RC|").NumeroPunti, 1);
-    EXPECT_EQ(ScomponiRiga("7|2|1|2|").NumeroPunti, 2);
 }
 
 TEST(Righe, TroppiCampiSonoUnErroreNonUnCrash) {

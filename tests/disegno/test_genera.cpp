@@ -119,11 +119,6 @@ TEST_F(Generazione, EtichetteDeiPuntiERighe8) {
                     .contains("8|77|1|2|3|X|"));
 }
 
-TEST_F(Generazione, Riga9SenzaRighe8Lunghe) {
-    const QStringList r = Genera(kBase, {"0|x|", "9|20|10|20|15|V|18|T|"});
-    EXPECT_EQ(r[1], "9|20|10|20|15|V|18|T|");
-}
-
 TEST_F(Generazione, TafLettaSoloSenzaSpunta) {
     const QString lxc = kBase + "P,PF01/0100/A001,50,50,10,PF,1.5\r\nL,0,0,0,50,50,0\r\n";
     EXPECT_EQ(Tipo(Genera(lxc), 8).size(), 2);

@@ -72,7 +72,9 @@ TEST(CliEstratti, CopiaNellaCartellaEstratti) {
     EXPECT_TRUE(zip.err.startsWith("Copia Estratto in Pregeo: Esploso e Copiato nella cartella "
                                    "Estratti!\n"))
         << zip.err.toStdString();
+    // Another writer: the extract only in a folder, the image in lower case.
     EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\F0120.EMP"), Dati("estratti/realistico.EMP"));
+    EXPECT_EQ(radice.Leggi("C:\\pregeo\\estratti\\F0120.PNG"), Dati("estratti/realistico.PNG"));
 
     const Esito manca = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\manca.zip"});
     EXPECT_EQ(manca.codice, 1);

@@ -95,8 +95,6 @@ void AnelliInteri(const Estratto& e, const CoppiaConAnelli& c, bool riscritto,
     }
 }
 
-const QString kTesta = "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n";
-
 } // namespace
 
 TEST(Unione, GliAnelliDiEntrambiTornanoInteriDopoLetturaERiscrittura) {
@@ -135,47 +133,22 @@ TEST(Unione, UgualeAiPassiSempliciAncheSuEstrattiStrani) {
     }
 }
 
+// Hand-made pairs beside the bytes of their join (tests/dati/estratti/unione/LEGGIMI.txt).
 TEST(Unione, RigheDelRisultato) {
-    // Points listed out of number order, and the same numbers in the second: every ring keeps
-    // its own vertices.
-    EXPECT_EQ(UnisciTestiEstratti("0|\r\n8|5%|0|0|\r\n8|1%|0|10|\r\n8|2%|10|10|\r\n"
-                                  "7|4|5%|1%|2%|5%|NC|1|1|50|\r\n",
-                                  "0|\r\n8|1%|500|500|\r\n8|2%|501|500|\r\n8|3%|501|501|\r\n"
-                                  "7|4|1%|2%|3%|1%|NC|2|2|1|\r\n"),
-              kTesta + "8|1%|0|0|\r\n8|2%|0|10|\r\n8|3%|10|10|\r\n8|4%|500|500|\r\n"
-                       "8|5%|501|500|\r\n8|6%|501|501|\r\n"
-                       "7|4|1%|2%|3%|1%|NC|1|1|50|\r\n7|4|4%|5%|6%|4%|NC|2|2|1|\r\n");
+    const QString u = "estratti/unione/";
+    const QStringList casi[] = {{"rinumerati_a", "rinumerati_b", "rinumerati_unito"},
+                                {"vicini_a", "vicini_b", "vicini_unito"},
+                                {"vicini_a", "vicini_a", "vicini_a_con_se_stesso"},
+                                {"dodici_a", "dodici_b", "dodici_unito"}};
+    for (const QStringList& c : casi)
+        EXPECT_EQ(UnisciEstratti(Dati(u + c[0] + ".EMP"), Dati(u + c[1] + ".EMP")),
+                  Dati(u + c[2] + ".EMP"))
+            << c[2].toStdString();
 
-    const QString a = "0|x|\r\n8|1%|0|0|\r\n8|2%|0|10|\r\n8|3%|10|10|\r\n8|4%|10|0.001|\r\n"
-                      "7|5|1%|2%|3%|4%|1%|NC|7|7|50|\r\n6|INQUADRAMENTO|1|2|3|4|5|6|\r\n";
-    // 1% falls on the second's first point; 4% stays: 0.001 apart is not below the tolerance.
-    // The second's 2% and 3% are one point, and its ring keeps both references to it.
-    const QString b = "0|y|\r\n8|1%|0.0004|0|\r\n8|2%|10|0|\r\n8|3%|10|0|\r\n"
-                      "7|4|1%|2%|3%|1%|NC|8|8|5|\r\n";
-    EXPECT_EQ(UnisciTestiEstratti(a, b),
-              kTesta + "8|1%|0|10|\r\n8|2%|10|10|\r\n8|3%|10|0.001|\r\n8|4%|0.0004|0|\r\n"
-                       "8|5%|10|0|\r\n"
-                       "7|5|4%|1%|2%|3%|4%|NC|7|7|50|\r\n7|4|4%|5%|5%|4%|NC|8|8|5|\r\n");
-    // Joined with itself: one set of points, each ring twice; never a framing row.
-    const QString stesso = UnisciTestiEstratti(a, a);
-    EXPECT_EQ(stesso.count("\r\n8|"), 4);
-    EXPECT_EQ(stesso.count("\r\n7|5|"), 2);
-    EXPECT_FALSE(stesso.contains("INQUADRAMENTO"));
-
-    // A ring of twelve ids: the tail on its first row, so that the reader has it whole.
-    QString punti, anello = "7|12";
-    for (int k = 1; k <= 11; ++k) {
-        punti += QStringLiteral("8|%1%|%2|%3|\r\n").arg(k).arg(k * 3).arg(k * k);
-        anello += QStringLiteral("|%1%").arg(k);
-    }
-    const QString unito =
-        UnisciTestiEstratti("0|\r\n" + punti + anello + "|1%|NC|77|77|9|\r\n",
-                            "0|\r\n" + QString(punti).replace("8|1%|3|", "8|1%|4|"));
-    // The second's 1% lies elsewhere, its other points on the first's.
-    EXPECT_TRUE(unito.endsWith("\r\n7|12|1%|3%|4%|5%|6%|7%|8%|9%|10%|11%|NC|77|77|9|\r\n"
-                               "7|0|12%|1%|NC|\r\n"));
+    // The ring of twelve ids reads back whole, and is laid out again the same way.
     PiattaformaFinta piattaforma;
     Stato stato(piattaforma);
+    const QString unito = DaWindows1252(Dati(u + "dodici_unito.EMP"));
     Estratto e = EsplodiTestoEstratto(stato, unito);
     ASSERT_EQ(e.SETTE.size(), 1);
     EXPECT_EQ(e.SETTE[0], "7|12|1%|3%|4%|5%|6%|7%|8%|9%|10%|11%|12%|1%|NC|77|77|9|");

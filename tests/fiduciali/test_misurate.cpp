@@ -41,37 +41,6 @@ TEST_F(Misurate, RapportoDalDisegnoGolden) {
     EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
 }
 
-TEST_F(Misurate, RapportoDalLibretto) {
-    const QStringList libretto = {"0|x|",
-                                  "9|20|",
-                                  "8|PF01/0100/A001|-12345.670|23456.780|01|X|",
-                                  "8|pf03/0100/A001|1|2|",
-                                  "8|PF01/0100/A001|12.450|02|BASE|", // height row: same point
-                                  "8|PF77/0100/A001|1|2|",
-                                  "2|PF02/0100/A001|1|"};
-    const QStringList r = CalcolaMisuratePF_DaLibretto(s, libretto);
-    // PF77 is not in the TAF: told, and kept among the names.
-    EXPECT_EQ(
-        p.Messaggi(),
-        QStringList({"PF Non trovato: Il PF77/0100/A001\r\n Non è stato trovato nella TAF!"}));
-    EXPECT_EQ(r.count(kIntestazioneMisurate), 3);
-    // No drawing: the survey distance is 0 and the differences are against 0.
-    const QString h = "PF01/0100/A001 - PF03/0100/A001 ";
-    EXPECT_TRUE(r.contains(h + "        0.000               (REALE)"));
-    EXPECT_TRUE(r.contains(h + "      420.215  -420.215               ( TAF )    "));
-    EXPECT_TRUE(r.contains(h + "      420.230   0.020  2010  PD0023456  -420.230"));
-    EXPECT_TRUE(r.contains(Space(32) + "      420.230               ( Media )    "));
-    // When only one of the two is in the TAF no "( TAF )" line stands for the pair.
-    const int i =
-        int(r.indexOf("PF01/0100/A001 - PF77/0100/A001         0.000               (REALE)"));
-    ASSERT_GT(i, 0);
-    EXPECT_FALSE(r.value(i + 1).contains("( TAF )"));
-
-    p.eventi.clear();
-    EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, {"0|x|", "2|PF01/0100/A001|"}).isEmpty());
-    EXPECT_EQ(p.Messaggi(), QStringList({"MISURATE PF: Nessun PF trovato nel libretto"}));
-}
-
 TEST_F(Misurate, CinquantaSiCinquantunoNo) {
     QList<PuntoPF> punti;
     for (int i = 0; i < 50; ++i) punti.append({CodiceGenerato(i, "A001"), double(i), 0});
@@ -93,6 +62,9 @@ TEST_F(Misurate, MessaggiDelDisegno) {
                            "PF01/0100/A00X",
                            "MISURATE PF: Nessun PF trovato nel disegno"}));
     EXPECT_EQ(punti.size(), 1);
+    p.eventi.clear();
+    EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, {"0|x|", "2|PF01/0100/A001|"}).isEmpty());
+    EXPECT_EQ(p.Messaggi(), QStringList({"MISURATE PF: Nessun PF trovato nel libretto"}));
 
     // A province with no archive.
     p.eventi.clear();
@@ -107,15 +79,10 @@ TEST_F(Misurate, MessaggiDelDisegno) {
                                         "installato. Scaricare Archivio?"}));
 }
 
+// The lines themselves are the command line's "misurate pf"; here the file and the misses.
 TEST_F(Misurate, MisurateDa1PF) {
     const QStringList r = MisurateDa1PF(s, " PF02/0100/A001 ");
-    EXPECT_EQ(r, QStringList({"Provincia di : PD2020.DDD",
-                              "PF01/0100/A001   PF02/0100/A001       372.862   0.030  2009  "
-                              "PD0012345",
-                              "PF01/0100/A001   PF02/0100/A001       372.840   0.025  2011  "
-                              "PD0045678",
-                              "PF02/0100/A001   PF04/0100/A001       497.551   0.040  2012  "
-                              "PD0056789"}));
+    EXPECT_EQ(r.size(), 4);
     EXPECT_EQ(LeggiTesto(PercorsoFileMisurate(s)), Join(r, CRLF));
     EXPECT_EQ(
         MisurateDa1PF(s, "PF09/0100/A001"),
@@ -145,12 +112,9 @@ TEST_F(Misurate, SceltaEdEliminazioneArchivio) {
 TEST(RigaDdd, CampiEBrevi) {
     const MisuraDdd m =
         LeggiRigaDdd("PF01/0100/A001   PF02/0100/A001       383.512   0.030  2009  PD0012345");
-    EXPECT_EQ(m.codice1, "PF01/0100/A001");
-    EXPECT_EQ(m.codice2, "PF02/0100/A001");
-    EXPECT_DOUBLE_EQ(m.distanza, 383.512);
-    const MisuraDdd corta = LeggiRigaDdd("PF01/0100/");
-    EXPECT_EQ(corta.codice1, "PF01/0100/");
-    EXPECT_EQ(corta.distanza, 0);
+    EXPECT_EQ(std::tuple(m.codice1, m.codice2, m.distanza),
+              std::tuple("PF01/0100/A001", "PF02/0100/A001", 383.512));
+    EXPECT_EQ(LeggiRigaDdd("PF01/0100/").distanza, 0);
 }
 
 TEST(CoppieNellArchivio, UgualeAllaRicercaSemplice) {

@@ -116,7 +116,7 @@ std::vector<BordoSorgente> BordiDelTesto(const QString& testo) {
 
 } // namespace
 
-TEST(Gis, FoglioRealeDiRomaComeLaSorgente) {
+TEST(Gis, FoglioRealeDiRomaComeLaSorgenteEPerOgrinfo) {
     QTemporaryDir dir;
     const QString uscita = dir.filePath("roma.gpkg");
     const Esito e =
@@ -143,11 +143,7 @@ TEST(Gis, FoglioRealeDiRomaComeLaSorgente) {
         EXPECT_NEAR(p.areaCalcolata, sorgente[i].area, 0.01) << p.nome.toStdString();
         EXPECT_EQ(p.areaDichiarata, "NULL"); // no .SUP beside it
         // Written as it is, never repaired: an invalid one is named on stderr.
-        if (!p.valido) {
-            std::cerr << "non valido: " << p.tipo.toStdString() << ' ' << p.nome.toStdString()
-                      << '\n';
-            EXPECT_TRUE(e.err.contains(p.tipo + ' ' + p.nome)) << p.nome.toStdString();
-        }
+        EXPECT_TRUE(p.valido || e.err.contains(p.tipo + ' ' + p.nome)) << p.nome.toStdString();
     }
     EXPECT_EQ(
         tipi,
@@ -155,14 +151,10 @@ TEST(Gis, FoglioRealeDiRomaComeLaSorgente) {
             {"PARTICELLA", 381}, {"FABBRICATO", 131}, {"ACQUA", 2}, {"STRADA", 1}, {"FOGLIO", 1}}));
     EXPECT_EQ(buchi, 77);
     EXPECT_EQ(vertici, 9109);
-}
 
-TEST(Gis, OgrinfoLeggeIlGeoPackage) {
+    // As a user meets it: ogrinfo reads every layer.
     const QString ogrinfo = QStandardPaths::findExecutable("ogrinfo");
     if (ogrinfo.isEmpty()) GTEST_SKIP() << "ogrinfo mancante (pacchetto gdal-bin)";
-    QTemporaryDir dir;
-    const QString uscita = dir.filePath("roma.gpkg");
-    ASSERT_EQ(Esegui({"gis", PercorsoDati("estratti/H501D076700.CTF"), uscita}).codice, 0);
     const Esito info = EseguiProgramma(ogrinfo, {"-so", "-al", uscita});
     ASSERT_EQ(info.codice, 0) << info.err.toStdString();
     for (const char* atteso :

@@ -1,19 +1,16 @@
-// What a desktop user types without thinking: Italian standard buttons, Ctrl+O, Ctrl+C, Ctrl+F,
-// F1, Ctrl+S, and the status bar that says what the last command did.
+// What a desktop user meets without thinking: Italian standard buttons, Ctrl+O, Ctrl+C, Ctrl+F,
+// F1, Ctrl+S, the status bar that says what the last command did, and desktop launchers.
 #include "form_demo.h"
 #include "piattaforma_qt.h"
+#include "schermi.h"
 #include "traduzioni.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
-#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -32,16 +29,21 @@ struct Scorciatoie : FormSuDemo {
     QString Stato() const { return form->statusBar()->currentMessage(); }
 };
 
-QStringList TestiDi(QWidget* w) {
-    QStringList t;
-    for (QLabel* l : w->findChildren<QLabel*>()) t << l->text();
-    for (QAbstractButton* b : w->findChildren<QAbstractButton*>()) t << b->text();
-    return t;
+// Answers the real question box that the next command opens with that key.
+void RispondiCon(Qt::Key tasto, QStringList* visti = nullptr) {
+    QTimer::singleShot(0, [=] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        if (visti)
+            *visti << box->windowTitle() << box->text() << box->button(QMessageBox::Yes)->text()
+                   << box->button(QMessageBox::No)->text() << box->defaultButton()->text();
+        QTest::keyClick(box, tasto);
+    });
 }
 
 } // namespace
 
-TEST(TraduzioniItaliane, DomandaDiEliminazioneConSiENo) {
+TEST(TraduzioniItaliane, DomandeEDialoghiDiFile) {
     ASSERT_TRUE(InstallaTraduzioniItaliane());
     RadiceProva radice;
     CopiaDemo(radice.Percorso());
@@ -49,8 +51,6 @@ TEST(TraduzioniItaliane, DomandaDiEliminazioneConSiENo) {
     Stato s(qt);
     Inizializza(s);
     CaricaConfig(s);
-    CaricaComuni(s);
-    CaricaProvince(s);
     s.doc.PercorsoLibretto = "C:\\Libretti\\ESEMPIO.DAT";
     CaricaLibrettoMisure(s);
     CaricaLibrettoInList1(s);
@@ -61,32 +61,20 @@ TEST(TraduzioniItaliane, DomandaDiEliminazioneConSiENo) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     const int n = form.Lista()->count();
 
-    // The real question box: its standard buttons in Italian, "S" answers yes.
+    // The real question box: its standard buttons in Italian, "S" answers yes, "N" no.
     QStringList visti;
-    QTimer::singleShot(0, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        visti << box->windowTitle() << box->text() << box->button(QMessageBox::Yes)->text()
-              << box->button(QMessageBox::No)->text() << box->defaultButton()->text();
-        box->grab().save(QDir::tempPath() + "/tavolet_domanda_elimina.png");
-        QTest::keyClick(box, Qt::Key_S);
-    });
+    RispondiCon(Qt::Key_S, &visti);
     form.Lista()->item(3)->setSelected(true);
     form.Lista()->setFocus();
     QTest::keyClick(form.Lista(), Qt::Key_Delete);
     EXPECT_EQ(visti, (QStringList{"Elimina righe dal Libretto", "Eliminare le Righe selezionate?",
                                   "&Sì", "&No", "&No"}));
     EXPECT_EQ(form.Lista()->count(), n - 1);
-
-    // "N" answers no; Annulla on a three-button question.
-    QTimer::singleShot(0, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        QTest::keyClick(box, Qt::Key_N);
-    });
+    RispondiCon(Qt::Key_N);
     form.Lista()->item(3)->setSelected(true);
     QTest::keyClick(form.Lista(), Qt::Key_Delete);
     EXPECT_EQ(form.Lista()->count(), n - 1);
+    // Annulla on a three-button question.
     QString annulla;
     QTimer::singleShot(0, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -97,20 +85,17 @@ TEST(TraduzioniItaliane, DomandaDiEliminazioneConSiENo) {
     EXPECT_EQ(qt.Domanda("Salvare?", "Uscita da Editor", Pulsanti::SiNoAnnulla, Risposta::Si),
               Risposta::Annulla);
     EXPECT_EQ(annulla, "Annulla");
-}
 
-TEST(TraduzioniItaliane, DialoghiDiFileEDiCarattere) {
-    ASSERT_TRUE(InstallaTraduzioniItaliane());
+    // Qt's own file dialog speaks Italian too.
     QFileDialog file(nullptr, "Apri Libretto", QDir::tempPath());
     file.setOption(QFileDialog::DontUseNativeDialog);
     file.setAcceptMode(QFileDialog::AcceptSave);
     file.show();
-    const QStringList testiFile = TestiDi(&file);
-    EXPECT_TRUE(testiFile.contains("&Nome del file:")) << testiFile.join(" | ").toStdString();
-    EXPECT_TRUE(testiFile.contains("&Salva") || testiFile.contains("Salva"))
-        << testiFile.join(" | ").toStdString();
-    EXPECT_TRUE(testiFile.contains("Annulla")) << testiFile.join(" | ").toStdString();
-    file.close();
+    QStringList testi;
+    for (QLabel* l : file.findChildren<QLabel*>()) testi << l->text();
+    for (QAbstractButton* b : file.findChildren<QAbstractButton*>()) testi << b->text();
+    EXPECT_TRUE(testi.contains("&Nome del file:")) << testi.join(" | ").toStdString();
+    EXPECT_TRUE(testi.contains("Annulla")) << testi.join(" | ").toStdString();
 }
 
 TEST_F(Scorciatoie, CtrlOComeUnTrascinamento) {
@@ -120,9 +105,7 @@ TEST_F(Scorciatoie, CtrlOComeUnTrascinamento) {
     QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
     ASSERT_FALSE(p.eventi.isEmpty());
     EXPECT_EQ(p.eventi.last().tipo, "apri");
-    EXPECT_EQ(p.eventi.last().titolo, "Apri Libretto");
     EXPECT_EQ(p.eventi.last().testo, "C:\\LIBRETTI");
-    EXPECT_TRUE(p.Domande().isEmpty());
     EXPECT_EQ(form->Lista()->count(), 24);
 
     // The dialog answers with a host path, as the real one does: the same question as a drop,
@@ -131,6 +114,7 @@ TEST_F(Scorciatoie, CtrlOComeUnTrascinamento) {
     QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
     EXPECT_EQ(form->Lista()->count(), 4);
+    EXPECT_EQ(form->Contatore()->text(), "0 / 4");
     EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Altro\\B.TXT");
     EXPECT_EQ(Stato(), "Aperto C:\\Altro\\B.TXT");
     EXPECT_TRUE(
@@ -138,31 +122,30 @@ TEST_F(Scorciatoie, CtrlOComeUnTrascinamento) {
 
     // Answered no, or a kind that is not a libretto: the drop's answers.
     p.risposte << Risposta::No;
-    p.fileDaAprire << PercorsoLocale("C:\\Libretti\\ESEMPIO.DAT") << "/tmp/disegno.DXF";
-    QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
-    QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
+    p.fileDaAprire << PercorsoLocale("C:\\Libretti\\ESEMPIO.DAT") << "/tmp/disegno.DXF"
+                   << "/tmp/foto.jpg";
+    for (int i = 0; i < 3; ++i) QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(form->Lista()->count(), 4);
-    EXPECT_EQ(p.Messaggi(), QStringList{"Trascina Libretto: Processo non attivo!"});
+    EXPECT_EQ(p.Messaggi(),
+              (QStringList{"Trascina Libretto: Processo non attivo!",
+                           "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
 
-    // The menu entries kept without action stay so.
+    // The menu entry kept without action stays so.
     const int eventi = p.eventi.size();
     form->Voce("     &File    ", "Apri Libretto da File")->trigger();
     EXPECT_EQ(p.eventi.size(), eventi);
-    EXPECT_EQ(form->Lista()->count(), 4);
 }
 
 TEST_F(Scorciatoie, CtrlCCtrlFF1CtrlS) {
     const QString titolo = form->windowTitle();
     QTest::keyClick(form->Lista(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(p.Messaggi(), QStringList{"Copia Libretto: Il Libretto è stato copiato!"});
-    EXPECT_EQ(p.appunti.count("\r\n"), 24);
     EXPECT_TRUE(p.appunti.startsWith("0|15032024|245|G693|"));
     EXPECT_EQ(Stato(), "Libretto copiato negli appunti: 24 righe");
 
     // Ctrl+F: the find field; Enter selects the next row holding the text, case ignored.
     QTest::keyClick(form.get(), Qt::Key_F, Qt::ControlModifier);
     QLineEdit* trova = form->CampoTrova();
-    ASSERT_NE(trova, nullptr);
     EXPECT_TRUE(trova->hasFocus());
     QTest::keyClicks(trova, "pf05");
     QTest::keyClick(trova, Qt::Key_Return);
@@ -170,7 +153,6 @@ TEST_F(Scorciatoie, CtrlCCtrlFF1CtrlS) {
     EXPECT_EQ(form->Contatore()->text(), "13 / 24");
     EXPECT_EQ(Stato(), "Trovato alla riga 13 di 24");
     QTest::keyClick(trova, Qt::Key_Return);
-    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{18});
     EXPECT_EQ(form->Lista()->selectedItems().value(0)->text(),
               "8|PF05/0120/G693|-1388.102|3021.775|SF|");
     QTest::keyClick(trova, Qt::Key_Return); // from the top again
@@ -179,9 +161,6 @@ TEST_F(Scorciatoie, CtrlCCtrlFF1CtrlS) {
     QTest::keyClick(trova, Qt::Key_Return);
     EXPECT_EQ(Stato(), "Nessuna riga contiene \"zzz\"");
     EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{12});
-    // The button of that caption is still there and still does nothing.
-    QTest::mouseClick(form->Pulsante("Trova nel Libretto :"), Qt::LeftButton);
-    EXPECT_EQ(p.Messaggi().size(), 1);
 
     // F1: the information on version and folders.
     form->Lista()->setFocus();
@@ -195,16 +174,48 @@ TEST_F(Scorciatoie, CtrlCCtrlFF1CtrlS) {
     });
     QTest::keyClick(form.get(), Qt::Key_F1);
     EXPECT_TRUE(informazioni.contains("Elenco Cartelle utilizzate da Tavolet"));
-    EXPECT_EQ(p.Messaggi().size(), 1);
     QApplication::setActiveWindow(form.get()); // the offscreen platform does not give it back
 
-    // Ctrl+S saves; the title stays the Part's own.
+    // Ctrl+S saves; the title stays.
     QTest::keyClick(form.get(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(Stato(), "Salvato C:\\LIBRETTI\\ESEMPIO.DAT");
     EXPECT_EQ(form->windowTitle(), titolo);
-
     // Selections say how many rows they took.
-    QTest::mouseClick(form->Pulsante("Stazioni"), Qt::LeftButton);
+    Clic(form.get(), "Stazioni");
     EXPECT_EQ(Stato(), "2 righe selezionate");
-    form->grab().save(QDir::tempPath() + "/tavolet_form_barra_stato.png");
+    EXPECT_EQ(p.Messaggi().size(), 1);
+}
+
+TEST(PiattaformaQtProva, CollegamentiComeLanciatoriDelDesktop) {
+    RadiceProva radice;
+    QTemporaryDir casa;
+    const QByteArray vecchiaCasa = qgetenv("HOME"), vecchiDati = qgetenv("XDG_DATA_HOME");
+    qputenv("HOME", casa.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", (casa.path() + "/.local/share").toLocal8Bit());
+    PiattaformaQt p;
+    const QString nome = "PREGEO 10.00-G APAG 2.12";
+    ASSERT_TRUE(
+        p.CreaCollegamento(LuogoCollegamento::Desktop, nome, "C:\\PREGEO\\EXE\\PREGEO.EXE"));
+    ASSERT_TRUE(
+        p.CreaCollegamento(LuogoCollegamento::MenuProgrammi, nome, "C:\\PREGEO\\EXE\\PREGEO.EXE"));
+    QDir().mkpath(radice.Percorso() + "/drive_c/PREGEO");
+    ASSERT_TRUE(p.CreaCollegamento(LuogoCollegamento::Desktop, "PREGEO", "C:\\PREGEO"));
+    qputenv("HOME", vecchiaCasa);
+    if (vecchiDati.isEmpty())
+        qunsetenv("XDG_DATA_HOME");
+    else
+        qputenv("XDG_DATA_HOME", vecchiDati);
+
+    const QString programma = casa.path() + "/Desktop/" + nome + ".desktop";
+    const QString voce = QString::fromUtf8(LeggiFile(programma));
+    EXPECT_TRUE(voce.startsWith("[Desktop Entry]\nName=" + nome + "\nType=Application\n"));
+    // The backslashes of a quoted argument are written four times in a launcher.
+    EXPECT_TRUE(voce.contains("Exec=env WINEPREFIX=\"" + radice.Percorso() +
+                              "\" wine \"C:\\\\\\\\PREGEO\\\\\\\\EXE\\\\\\\\PREGEO.EXE\"\n"))
+        << voce.toStdString();
+    EXPECT_TRUE(QFile::permissions(programma) & QFileDevice::ExeOwner);
+    EXPECT_TRUE(QFile::exists(casa.path() + "/.local/share/applications/" + nome + ".desktop"));
+    EXPECT_EQ(QString::fromUtf8(LeggiFile(casa.path() + "/Desktop/PREGEO.desktop")),
+              "[Desktop Entry]\nName=PREGEO\nType=Link\nURL=file://" + radice.Percorso() +
+                  "/drive_c/PREGEO\n");
 }

@@ -40,24 +40,20 @@ TEST_F(AnteprimaProva, UnPNGSiAdattaCentratoEIComandi) {
     EXPECT_EQ(a.ImmagineAltezza, 200);
     EXPECT_EQ(a.ImmagineLeft, 0);
     EXPECT_EQ(a.ImmagineTop, 50);
-    a.Eseguicomando(5);
-    EXPECT_EQ(a.ImmagineLarghezza, 200);
-    a.Eseguicomando(2);
-    EXPECT_EQ(a.ImmagineLeft, 200);
-    a.Eseguicomando(3);
-    EXPECT_EQ(a.ImmagineTop, 200);
-    a.Eseguicomando(0);
-    EXPECT_EQ(a.ImmagineTop, 0);
-    a.Eseguicomando(1);
-    EXPECT_EQ(a.ImmagineLeft, 0);
-    a.Eseguicomando(6);
-    EXPECT_EQ(a.ImmagineLarghezza, 210); // a twentieth
-    a.Eseguicomando(7);
-    EXPECT_EQ(a.ImmagineLarghezza, 200);
-    a.Eseguicomando(9);
-    EXPECT_EQ(a.ImmagineLeft, 10);
-    a.Eseguicomando(8);
-    EXPECT_EQ(a.ImmagineLeft, 0);
+    // Each command moves or sizes the image by a step: halves, whole widths, twentieths.
+    const struct {
+        int comando;
+        int Anteprima::*campo;
+        int atteso;
+    } passi[] = {{5, &Anteprima::ImmagineLarghezza, 200}, {2, &Anteprima::ImmagineLeft, 200},
+                 {3, &Anteprima::ImmagineTop, 200},       {0, &Anteprima::ImmagineTop, 0},
+                 {1, &Anteprima::ImmagineLeft, 0},        {6, &Anteprima::ImmagineLarghezza, 210},
+                 {7, &Anteprima::ImmagineLarghezza, 200}, {9, &Anteprima::ImmagineLeft, 10},
+                 {8, &Anteprima::ImmagineLeft, 0}};
+    for (const auto& passo : passi) {
+        a.Eseguicomando(passo.comando);
+        EXPECT_EQ(a.*passo.campo, passo.atteso) << passo.comando;
+    }
     a.Eseguicomando(10);
     EXPECT_EQ(p.Messaggi(), QStringList({"Copia Schermo: Immagine copiata negli Appunti!"}));
     EXPECT_FALSE(QApplication::clipboard()->image().isNull());

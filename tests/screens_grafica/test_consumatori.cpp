@@ -61,15 +61,14 @@ TEST(Consumatori, GraficaDaRigaDiComando) {
     const QString in = PercorsoDati("grafica/ESTRATTO.EMP");
     auto file = [&](const QString& n) { return dir.filePath(n); };
     QString uscita;
-    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", in, file("a.dxf")}, &uscita), 0)
-        << uscita.toStdString();
-    EXPECT_EQ(LeggiByte(file("a.dxf")), Dati("grafica/ESTRATTO.DXF"));
-    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "stampa", in, file("s.txt")}), 0);
-    EXPECT_EQ(LeggiByte(file("s.txt")), Dati("grafica/ESTRATTO_STAMPE.TXT"));
-    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "copiainfile", in, file("c.txt")}), 0);
-    EXPECT_EQ(LeggiByte(file("c.txt")), Dati("grafica/ESTRATTO_COPIAINFILE.TXT"));
-    ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "html", in, file("h.html")}), 0);
-    EXPECT_EQ(LeggiByte(file("h.html")), Dati("grafica/ESTRATTO.HTML"));
+    for (const auto& [comando, golden] : {std::pair{"dxf", "ESTRATTO.DXF"},
+                                          {"stampa", "ESTRATTO_STAMPE.TXT"},
+                                          {"copiainfile", "ESTRATTO_COPIAINFILE.TXT"},
+                                          {"html", "ESTRATTO.HTML"}}) {
+        ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", comando, in, file(golden)}, &uscita), 0)
+            << uscita.toStdString();
+        EXPECT_EQ(LeggiByte(file(golden)), Dati(QString("grafica/") + golden)) << comando;
+    }
 
     // The switches: no names, no toponyms, no fiducial points.
     ASSERT_EQ(Lancia(TAVOLET_CLI, {"grafica", "dxf", in, file("b.dxf"), "--nomi-no",

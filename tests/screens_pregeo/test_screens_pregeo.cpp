@@ -9,14 +9,11 @@
 #include "supporto.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 using namespace tavolet;
 using namespace tavolet::test;
@@ -53,10 +50,6 @@ TEST_F(SchermiPregeo, DaPregeoGriglieGraficaEDxf) {
     EXPECT_TRUE(p.Messaggi()[0].startsWith("Elaborazione Pregeo: 1|2025|000123"));
     QTableWidget* atti = form.GrigliaAtti();
     ASSERT_EQ(atti->rowCount(), 3);
-    QStringList intestazioni;
-    for (int c = 0; c < atti->columnCount(); ++c)
-        intestazioni << atti->horizontalHeaderItem(c)->text();
-    EXPECT_EQ(intestazioni, kColonneAtti);
     EXPECT_EQ(Cella(atti, 0, 3), "ROSSI MARIO");
     EXPECT_EQ(Cella(atti, 0, 8), "25000123");
 
@@ -67,7 +60,6 @@ TEST_F(SchermiPregeo, DaPregeoGriglieGraficaEDxf) {
     EXPECT_EQ(Cella(punti, 0, 4), "<P!>CONFINE NORD");
     EXPECT_EQ(Cella(punti, 2, 0), "103");
     EXPECT_FALSE(form.Disegno()->Modello().Punti.isEmpty());
-    QTest::qWait(50);
     form.grab().save("/tmp/bv_dapregeo.png");
 
     p.risposte << Risposta::No;
@@ -76,37 +68,33 @@ TEST_F(SchermiPregeo, DaPregeoGriglieGraficaEDxf) {
               "Salva in DXF: Salvato il file \r\n" + s.amb.CartellaLavoro + "\\GraficaPF.DXF");
     EXPECT_EQ(p.Domande().last(), "Apertura file DXF : Aprire il file DXF ?");
     EXPECT_TRUE(EsisteFile(s.amb.CartellaLavoro + "\\GraficaPF.DXF"));
-
     // Esc closes the screen; the position is kept.
     QTest::keyClick(&form, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(p.impostazioni.contains("POSIZIONE_FORMx/BV_Dapregeo"));
 }
 
-TEST_F(SchermiPregeo, ConfiguraPregeoModificaERicarica) {
-    FormConfiguraPregeo form(s);
-    form.show();
-    EXPECT_EQ(form.windowTitle(), "Versione Pregeo.EXE =  - C:\\windows\\PREGEO.INI");
-    EXPECT_TRUE(form.Editor()->toPlainText().startsWith("[Pregeo]\nDskAPPLexe=C:\n"));
-    form.Editor()->setPlainText(form.Editor()->toPlainText() + "Qualifica=GEOMETRA\n");
-    QTest::mouseClick(form.Comando(6), Qt::LeftButton);
-    EXPECT_EQ(radice.Leggi("C:\\windows\\PREGEO.INI"),
-              Righe({"[Pregeo]", "DskAPPLexe=C:", "DskAPPLada=C:", "Cognome=Rossi", "Nome=Mario",
-                     "Qualifica=GEOMETRA"}));
-    EXPECT_EQ(s.amb.RigheIni.last(), "Qualifica=GEOMETRA");
-    form.Editor()->setPlainText("perso");
-    QTest::mouseClick(form.Comando(7), Qt::LeftButton);
-    EXPECT_TRUE(form.Editor()->toPlainText().endsWith("Qualifica=GEOMETRA\n"));
-    QTest::mouseClick(form.Comando(13), Qt::LeftButton);
-    EXPECT_EQ(p.Messaggi().last(), "Configura Pregeo: Creato Collegamento sul DeskTop");
-    form.grab().save("/tmp/form_configura_pregeo.png");
-    QTest::mouseClick(form.Comando(0), Qt::LeftButton);
-    EXPECT_FALSE(form.isVisible());
-}
-
-TEST_F(SchermiPregeo, ParoleEMenuDelFormPrincipale) {
+TEST_F(SchermiPregeo, ConfiguraPregeoEParoleDelFormPrincipale) {
+    {
+        FormConfiguraPregeo form(s);
+        form.show();
+        EXPECT_EQ(form.windowTitle(), "Versione Pregeo.EXE =  - C:\\windows\\PREGEO.INI");
+        form.Editor()->setPlainText(form.Editor()->toPlainText() + "Qualifica=GEOMETRA\n");
+        QTest::mouseClick(form.Comando(6), Qt::LeftButton);
+        EXPECT_EQ(radice.Leggi("C:\\windows\\PREGEO.INI"),
+                  Righe({"[Pregeo]", "DskAPPLexe=C:", "DskAPPLada=C:", "Cognome=Rossi",
+                         "Nome=Mario", "Qualifica=GEOMETRA"}));
+        EXPECT_EQ(s.amb.RigheIni.last(), "Qualifica=GEOMETRA");
+        form.Editor()->setPlainText("perso");
+        QTest::mouseClick(form.Comando(7), Qt::LeftButton);
+        EXPECT_TRUE(form.Editor()->toPlainText().endsWith("Qualifica=GEOMETRA\n"));
+        QTest::mouseClick(form.Comando(13), Qt::LeftButton);
+        EXPECT_EQ(p.Messaggi().last(), "Configura Pregeo: Creato Collegamento sul DeskTop");
+        QTest::mouseClick(form.Comando(0), Qt::LeftButton);
+        EXPECT_FALSE(form.isVisible());
+    }
+    // The command words and the main form's entries: each modal screen is closed as it shows.
     BV_LibrettoOriginale form(s);
-    // Every modal screen that opens is closed at once and its class noted.
     QStringList aperti;
     QTimer chiudi;
     QObject::connect(&chiudi, &QTimer::timeout, [&] {

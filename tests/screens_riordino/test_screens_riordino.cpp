@@ -2,8 +2,6 @@
 #include "FormRiordinoRighe.h"
 #include "MappaleDaMantenere.h"
 #include "SelezionaMappali.h"
-#include "libretto.h"
-#include "piattaforma_finta.h"
 #include "riordino.h"
 #include "schermi.h"
 #include "supporto.h"
@@ -12,23 +10,12 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-
-QGroupBox* Riquadro(QWidget* w, const QString& titolo) {
-    for (QGroupBox* g : w->findChildren<QGroupBox*>())
-        if (g->title() == titolo) return g;
-    return nullptr;
-}
 
 struct SchermiRiordino : ConPregeo {
     void SetUp() override {
@@ -36,6 +23,18 @@ struct SchermiRiordino : ConPregeo {
         radice.Scrivi("C:\\Lavori\\COMPLETO.DAT", Dati("riordino/completo.dat"));
         ASSERT_TRUE(TrascinaLibretto(s, PercorsoLocale("C:\\Lavori\\COMPLETO.DAT")));
         p.eventi.clear();
+    }
+    static QGroupBox* Riquadro(QWidget* w, const QString& titolo) {
+        for (QGroupBox* g : w->findChildren<QGroupBox*>())
+            if (g->title() == titolo) return g;
+        return nullptr;
+    }
+    // The list of the frame of that title.
+    static QListWidget* Gruppo(QWidget* w, const QString& titolo) {
+        return Riquadro(w, titolo)->findChild<QListWidget*>();
+    }
+    static void Elimina(QWidget* w, const QString& titolo) {
+        Premi(Pulsante(Riquadro(w, titolo), "Elimina"));
     }
 };
 
@@ -45,94 +44,72 @@ TEST_F(SchermiRiordino, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
     const QString prima = s.doc.TestoLibretto;
     FormRiordinoRighe form(s);
     form.show();
-    EXPECT_EQ(form.windowTitle(), "Riordino Righe");
     EXPECT_EQ(s.EsitoDialogo, -1);
-    for (const char* titolo :
-         {"Riga 0", "Riga 9", "Riga Commento", "Appunti da Libretto", "Poligonali", "Righe GPS",
-          "Stazioni-P.Battuti", "Righe 4-5", "Contorni", "Relazione Tecnica", "Punti Fiduciali",
-          "Modello Censuario", "Proposta di Aggiornamento"})
-        EXPECT_NE(Riquadro(&form, titolo), nullptr) << titolo;
-    EXPECT_EQ(form.findChildren<QPushButton*>().size(), 13);
-    QGroupBox* stazioni = Riquadro(&form, "Stazioni-P.Battuti");
     EXPECT_EQ(
-        Voci(stazioni->findChild<QListWidget*>()).mid(2, 3),
+        Voci(Gruppo(&form, "Stazioni-P.Battuti")).mid(2, 3),
         (QStringList{"2|4|50.1111|99.5000|30.005|1.600|", "2|9|120.0000|100.2000|22.300|1.600|",
                      "2|10|23.4521|99.1234|45.120|1.600|"}));
-    bool etichette = false;
+    bool albo = false;
     for (QLabel* l : form.findChildren<QLabel*>())
-        if (l->text() == "Numero Iscrizione Albo 1234") etichette = true;
-    EXPECT_TRUE(etichette);
+        albo |= l->text() == "Numero Iscrizione Albo 1234";
+    EXPECT_TRUE(albo);
 
     // No is the default: the first press changes nothing, the second with yes empties.
-    QGroupBox* poligonali = Riquadro(&form, "Poligonali");
-    auto* lista = poligonali->findChild<QListWidget*>();
-    QTest::mouseClick(Pulsante(poligonali, "Elimina"), Qt::LeftButton);
-    EXPECT_EQ(lista->count(), 1);
+    Elimina(&form, "Poligonali");
+    EXPECT_EQ(Gruppo(&form, "Poligonali")->count(), 1);
     p.risposte << Risposta::Si;
-    QTest::mouseClick(Pulsante(poligonali, "Elimina"), Qt::LeftButton);
-    EXPECT_EQ(lista->count(), 0);
+    Elimina(&form, "Poligonali");
+    EXPECT_EQ(Gruppo(&form, "Poligonali")->count(), 0);
     EXPECT_TRUE(form.Gruppi().GruppoPoligonali.isEmpty());
-    EXPECT_EQ(p.Domande(), (QStringList{"Eliminazione Poligonali: Eliminare Poligonali?",
-                                        "Eliminazione Poligonali: Eliminare Poligonali?"}));
+    EXPECT_EQ(p.Domande(), (QStringList(2, "Eliminazione Poligonali: Eliminare Poligonali?")));
     form.grab().save("/tmp/FormRiordinoRighe.png");
 
-    QTest::mouseClick(Pulsante(&form, "&Annulla"), Qt::LeftButton);
+    Clic(&form, "&Annulla");
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(s.EsitoDialogo, 0);
     EXPECT_EQ(s.doc.TestoLibretto, prima);
-    EXPECT_TRUE(s.doc.RigheLibretto.Righe().contains("3|100|200|500|"));
     EXPECT_TRUE(p.impostazioni.contains("POSIZIONE_FORMx/FormRiordinoRighe"));
 }
 
-TEST_F(SchermiRiordino, EliminareLeRigheGpsEConfermare) {
+TEST_F(SchermiRiordino, DoppioClicCopiaEliminaEConferma) {
+    {
+        FormRiordinoRighe form(s);
+        form.show();
+        // A double click copies a station's group, and removes it; on the censuary model it
+        // removes the model; on row 0 it copies the row.
+        auto* stazioni = Gruppo(&form, "Stazioni-P.Battuti");
+        Clic(stazioni, 3, true);
+        EXPECT_EQ(Split(p.appunti, CRLF).size(), 10);
+        EXPECT_TRUE(p.appunti.startsWith("1|100|1.550|Note: stazione sul marciapiede|\r\n2|PF01/"));
+        EXPECT_EQ(stazioni->count(), 9);
+        Clic(Gruppo(&form, "Modello Censuario"), 0, true);
+        EXPECT_EQ(Gruppo(&form, "Modello Censuario")->count(), 6);
+        Clic(Gruppo(&form, "Riga 0"), 0, true);
+        EXPECT_EQ(p.appunti, "0|15012026|123|G224|0010|125|ROSSI MARIO|GEOMETRA|PADOVA|");
+    }
     FormRiordinoRighe form(s);
     form.show();
     p.risposte << Risposta::Si;
-    QTest::mouseClick(Pulsante(Riquadro(&form, "Righe GPS"), "Elimina"), Qt::LeftButton);
+    Elimina(&form, "Righe GPS");
     EXPECT_EQ(p.Domande(), QStringList{"Eliminazione Punti Fiduciali: Eliminare le Righe GPS?"});
-    QTest::mouseClick(Pulsante(&form, "&Conferma"), Qt::LeftButton);
+    Clic(&form, "&Conferma");
     EXPECT_EQ(s.EsitoDialogo, 1);
     const QStringList righe = s.doc.RigheLibretto.Righe();
     EXPECT_EQ(righe.size(), 39);
     EXPECT_EQ(righe[4], "3|100|200|500|");
-    EXPECT_EQ(righe[5], "1|100|1.550|Note: stazione sul marciapiede|");
     for (const QString& r : righe) EXPECT_FALSE(r.contains("PDOP")) << r.toStdString();
-    EXPECT_TRUE(p.Messaggi().isEmpty());
-}
-
-TEST_F(SchermiRiordino, DoppioClicCopiaENonElimina) {
-    FormRiordinoRighe form(s);
-    form.show();
-    auto* stazioni = Riquadro(&form, "Stazioni-P.Battuti")->findChild<QListWidget*>();
-    EXPECT_EQ(stazioni->toolTip(), "Fare doppio clik per eliminare la riga");
-    Clic(stazioni, 3, true);
-    EXPECT_EQ(Split(p.appunti, CRLF).size(), 10);
-    EXPECT_TRUE(p.appunti.startsWith("1|100|1.550|Note: stazione sul marciapiede|\r\n2|PF01/"));
-    EXPECT_EQ(stazioni->count(), 9);
-
-    auto* censuario = Riquadro(&form, "Modello Censuario")->findChild<QListWidget*>();
-    EXPECT_EQ(censuario->toolTip(), "Fare doppio click per ELIMINARE il Modello Censuario");
-    Clic(censuario, 0, true);
-    EXPECT_EQ(censuario->count(), 6);
-
-    Clic(Riquadro(&form, "Riga 0")->findChild<QListWidget*>(), 0, true);
-    EXPECT_EQ(p.appunti, "0|15012026|123|G224|0010|125|ROSSI MARIO|GEOMETRA|PADOVA|");
 }
 
 TEST_F(SchermiRiordino, OrdinaApreLaFormModale) {
     // The main form's "Ordina": the form runs modally and "&Conferma" composes the document.
     s.doc.TestoLibretto.replace("2|4|50.1111", "2|4bis|50.1111");
-    QTimer::singleShot(0, [] {
-        QWidget* modale = QApplication::activeModalWidget();
-        ASSERT_NE(modale, nullptr);
-        QTest::mouseClick(Pulsante(modale, "&Conferma"), Qt::LeftButton);
-    });
+    QTimer::singleShot(0, [] { Clic(QApplication::activeModalWidget(), "&Conferma"); });
     EXPECT_EQ(FormRiordinoRighe::Esegui(s, nullptr), 1);
     EXPECT_EQ(s.doc.RigheLibretto.Riga(12), "2|9|120.0000|100.2000|22.300|1.600|");
     EXPECT_EQ(s.doc.RigheLibretto.Riga(14), "2|4bis|50.1111|99.5000|30.005|1.600|");
 }
 
-TEST_F(SchermiRiordino, SelezionaMappaliConIControlli) {
+TEST_F(SchermiRiordino, SelezionaMappaliEMappaleDaMantenere) {
     radice.Scrivi("C:\\pregeo\\estratti\\G224_0010.EMP",
                   Righe({"0|G224|0010|", "6|PARTICELLA|125|01|SEMINATIVO  |29390|29390|0|0|",
                          "6|PARTICELLA|126|  |ENTE URBANO |300|300|0|0|",
@@ -140,40 +117,36 @@ TEST_F(SchermiRiordino, SelezionaMappaliConIControlli) {
     s.testata.TipologiaRilievo = "01";
     s.amb.VersionePregeo = "10.00-G,Stda 2.08";
     SceltaMappali scelta;
-    SelezionaMappali form(s, scelta);
-    form.show();
-    EXPECT_EQ(form.windowTitle(), "Seleziona Mappali - G224_0010.EMP");
-    EXPECT_EQ(form.Lista()->count(), 3);
-    Clic(form.Lista(), 0);
-    Clic(form.Lista(), 1);
-    form.EstMedio()->setText("1500");
-    form.grab().save("/tmp/SelezionaMappali.png");
-    QTest::mouseClick(Pulsante(&form, "&Conferma"), Qt::LeftButton);
-    EXPECT_EQ(p.Messaggi(),
-              QStringList{"Seleziona Mappali: Questa versione di Pregeo prevede un solo mappale."});
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(s.EsitoDialogo, -1);
-    EXPECT_EQ(s.testata.EstMedio, "1500");
-
-    Clic(form.Lista(), 0); // deselects the first
-    QTest::mouseClick(Pulsante(&form, "&Conferma"), Qt::LeftButton);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(s.EsitoDialogo, 1);
-    EXPECT_EQ(s.testata.MappaliLibretto, "126");
-    EXPECT_EQ(scelta.RigheEnteUrbano, "6|PARTICELLA|126|  |ENTE URBANO |300|300|0|0|\r\n");
-}
-
-TEST_F(SchermiRiordino, MappaleDaMantenereSceltoDallaRiga) {
+    {
+        SelezionaMappali form(s, scelta);
+        form.show();
+        EXPECT_EQ(form.windowTitle(), "Seleziona Mappali - G224_0010.EMP");
+        EXPECT_EQ(form.Lista()->count(), 3);
+        Clic(form.Lista(), 0);
+        Clic(form.Lista(), 1);
+        form.EstMedio()->setText("1500");
+        Clic(&form, "&Conferma");
+        EXPECT_EQ(p.Messaggi(), QStringList{"Seleziona Mappali: Questa versione di Pregeo "
+                                            "prevede un solo mappale."});
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(s.EsitoDialogo, -1);
+        EXPECT_EQ(s.testata.EstMedio, "1500");
+        Clic(form.Lista(), 0); // deselects the first
+        Clic(&form, "&Conferma");
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(s.EsitoDialogo, 1);
+        EXPECT_EQ(s.testata.MappaliLibretto, "126");
+        EXPECT_EQ(scelta.RigheEnteUrbano, "6|PARTICELLA|126|  |ENTE URBANO |300|300|0|0|\r\n");
+    }
+    // The parcel to keep: none without an urban entity; then the one of the row clicked.
     s.testata.MappaliLibretto = "10,11,12";
-    s.testata.TipologiaRilievo = "01";
-    SceltaMappali scelta;
+    scelta = SceltaMappali{};
     {
         MappaleDaMantenere vuota(s, scelta);
         vuota.show();
         EXPECT_EQ(vuota.Avviso()->text(), "Nessun Ente Urbano selezionabile.");
-        QTest::mouseClick(Pulsante(&vuota, "&Conferma"), Qt::LeftButton);
+        Clic(&vuota, "&Conferma");
         EXPECT_TRUE(vuota.isVisible());
-        EXPECT_EQ(s.EsitoDialogo, -1);
     }
     scelta.RigheEnteUrbano = "6|PARTICELLA|11|  |ENTE URBANO |300|300|0|0|\r\n";
     MappaleDaMantenere form(s, scelta);
@@ -181,8 +154,7 @@ TEST_F(SchermiRiordino, MappaleDaMantenereSceltoDallaRiga) {
     EXPECT_EQ(Voci(form.Mappali()), (QStringList{"10", "11", "12"}));
     Clic(form.Righe(), 0);
     EXPECT_EQ(form.Mappali()->currentRow(), 1);
-    form.grab().save("/tmp/MappaleDaMantenere.png");
-    QTest::mouseClick(Pulsante(&form, "&Conferma"), Qt::LeftButton);
+    Clic(&form, "&Conferma");
     EXPECT_EQ(s.EsitoDialogo, 1);
     EXPECT_EQ(s.testata.MappaliLibretto, "11,10,12");
     EXPECT_EQ(scelta.MappaleMantenuto, "11");

@@ -41,10 +41,7 @@ struct Scompatta : ::testing::Test {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << p.toStdString();
         f.write(b);
     }
-    static QByteArray Leggi(const QString& p) {
-        QFile f(p);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
+    static QByteArray Leggi(const QString& p) { return LeggiFile(p); }
     // The archive's bytes, written by ZipClass with these stored names.
     QByteArray Archivio(const Membri& membri) {
         QTemporaryDir sorgenti;

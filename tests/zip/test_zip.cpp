@@ -1,6 +1,8 @@
 // The ZIP writer: records field by field, and archives that Debian's unzip accepts.
 #include "zip.h"
 
+#include "supporto.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -11,6 +13,7 @@
 #include <zlib.h>
 
 using namespace tavolet;
+using namespace tavolet::test;
 
 namespace {
 
@@ -20,6 +23,14 @@ uint32_t L32(const QByteArray& b, qsizetype i) {
 }
 uint16_t L16(const QByteArray& b, qsizetype i) {
     return uint16_t(uint8_t(b[i]) | uint8_t(b[i + 1]) << 8);
+}
+
+// Fields one after the other from where a record starts, as a struct format gives them:
+// I four bytes, H two, little-endian.
+void Campi(const QByteArray& b, qsizetype dove, const char* formato, QList<uint32_t> valori) {
+    ASSERT_EQ(qsizetype(strlen(formato)), valori.size());
+    for (qsizetype k = 0; k < valori.size(); dove += formato[k++] == 'I' ? 4 : 2)
+        EXPECT_EQ(formato[k] == 'I' ? L32(b, dove) : L16(b, dove), valori[k]) << "byte " << dove;
 }
 
 QByteArray Gonfia(const QByteArray& crudo, qsizetype dimensione) {
@@ -47,10 +58,7 @@ struct Zip : ::testing::Test {
         if (quando.isValid()) f.setFileTime(quando, QFileDevice::FileModificationTime);
         return P(nome);
     }
-    static QByteArray Leggi(const QString& p) {
-        QFile f(p);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
+    static QByteArray Leggi(const QString& p) { return LeggiFile(p); }
 };
 
 } // namespace
@@ -76,58 +84,25 @@ TEST_F(Zip, RecordCampoPerCampo) {
     const uint16_t ora = (43 / 2) | (37 << 5) | (14 << 11);
     const uint16_t data = 15 | (3 << 5) | ((2024 - 1980) << 9);
 
-    EXPECT_EQ(L32(b, 0), 0x04034B50u);
-    EXPECT_EQ(L16(b, 4), 20);
-    EXPECT_EQ(L16(b, 6), 2);
-    EXPECT_EQ(L16(b, 8), 8);
-    EXPECT_EQ(L16(b, 10), ora);
-    EXPECT_EQ(L16(b, 12), data);
-    EXPECT_EQ(L32(b, 14), uint32_t(crc32(0, reinterpret_cast<const Bytef*>(testo.constData()),
-                                         uInt(testo.size()))));
-    EXPECT_EQ(L32(b, 18), compresso);
-    EXPECT_EQ(L32(b, 22), uint32_t(testo.size()));
-    EXPECT_EQ(L16(b, 26), 5);
-    EXPECT_EQ(L16(b, 28), 0);
+    const uint32_t crc =
+        uint32_t(crc32(0, reinterpret_cast<const Bytef*>(testo.constData()), uInt(testo.size())));
+    const uint32_t dimensione = uint32_t(testo.size());
+    const qsizetype secondo = 35 + compresso;
+    const qsizetype centrale = secondo + 40 + L32(b, secondo + 18), centrale2 = centrale + 51;
+    const qsizetype fine = centrale2 + 46 + 14;
+    // The local record of a.EMP, the second's signature, the central records (internal
+    // attributes 32, as Pregeo's tools write them), the end record.
+    Campi(b, 0, "IHHHHHIIIHH", {0x04034B50, 20, 2, 8, ora, data, crc, compresso, dimensione, 5, 0});
+    Campi(b, secondo, "I", {0x04034B50});
+    Campi(b, centrale, "IHHHHHHIIIHHHHHII",
+          {0x02014B50, 20, 20, 2, 8, ora, data, crc, compresso, dimensione, 5, 0, 0, 0, 32, 0, 0});
+    Campi(b, centrale2 + 32, "HHHII", {4, 0, 32, 0, uint32_t(secondo)});
+    Campi(b, fine, "IHHHHIIH",
+          {0x06054B50, 0, 0, 2, 2, uint32_t(fine - centrale), uint32_t(centrale), 7});
     EXPECT_EQ(b.mid(30, 5), "a.EMP");
     EXPECT_EQ(Gonfia(b.mid(35, compresso), testo.size()), testo);
-
-    const qsizetype secondo = 35 + compresso;
-    EXPECT_EQ(L32(b, secondo), 0x04034B50u);
     EXPECT_EQ(b.mid(secondo + 30, 10), "DENTRO.TXT");
-    const uint32_t compresso2 = L32(b, secondo + 18);
-    const qsizetype centrale = secondo + 40 + compresso2;
-
-    EXPECT_EQ(L32(b, centrale), 0x02014B50u);
-    EXPECT_EQ(L16(b, centrale + 4), 20);
-    EXPECT_EQ(L16(b, centrale + 6), 20);
-    EXPECT_EQ(L16(b, centrale + 8), 2);
-    EXPECT_EQ(L16(b, centrale + 10), 8);
-    EXPECT_EQ(L16(b, centrale + 12), ora);
-    EXPECT_EQ(L16(b, centrale + 14), data);
-    EXPECT_EQ(L32(b, centrale + 16), L32(b, 14));
-    EXPECT_EQ(L32(b, centrale + 20), compresso);
-    EXPECT_EQ(L32(b, centrale + 24), uint32_t(testo.size()));
-    EXPECT_EQ(L16(b, centrale + 28), 5);
-    EXPECT_EQ(L16(b, centrale + 30), 0);
-    EXPECT_EQ(L16(b, centrale + 32), 0);
-    EXPECT_EQ(L16(b, centrale + 34), 0);
-    EXPECT_EQ(L16(b, centrale + 36), 32); // internal attributes, as Pregeo's tools write them
-    EXPECT_EQ(L32(b, centrale + 38), 0u);
-    EXPECT_EQ(L32(b, centrale + 42), 0u);
-    const qsizetype centrale2 = centrale + 46 + 5;
-    EXPECT_EQ(L16(b, centrale2 + 32), 4);
-    EXPECT_EQ(L32(b, centrale2 + 42), uint32_t(secondo));
     EXPECT_EQ(b.mid(centrale2 + 46, 14), "DENTRO.TXTnota");
-
-    const qsizetype fine = centrale2 + 46 + 14;
-    EXPECT_EQ(L32(b, fine), 0x06054B50u);
-    EXPECT_EQ(L16(b, fine + 4), 0);
-    EXPECT_EQ(L16(b, fine + 6), 0);
-    EXPECT_EQ(L16(b, fine + 8), 2);
-    EXPECT_EQ(L16(b, fine + 10), 2);
-    EXPECT_EQ(L32(b, fine + 12), uint32_t(fine - centrale));
-    EXPECT_EQ(L32(b, fine + 16), uint32_t(centrale));
-    EXPECT_EQ(L16(b, fine + 20), 7);
     EXPECT_EQ(b.mid(fine + 22), "Tavolet");
 }
 
@@ -172,12 +147,9 @@ TEST_F(Zip, UnzipLoAccettaERestituisceIByte) {
     z.Comment("Estratti di mappa");
     ASSERT_TRUE(z.WriteZip(P("prova.zip"), true));
 
-    QProcess prova;
-    prova.start("/usr/bin/unzip", {"-t", P("prova.zip")});
-    ASSERT_TRUE(prova.waitForFinished(30000));
-    const QString uscita = QString::fromLocal8Bit(prova.readAll());
-    EXPECT_EQ(prova.exitCode(), 0) << uscita.toStdString();
-    EXPECT_TRUE(uscita.contains("No errors detected")) << uscita.toStdString();
+    const Esito prova = EseguiProgramma("/usr/bin/unzip", {"-t", P("prova.zip")}, 30000);
+    EXPECT_EQ(prova.codice, 0) << prova.out.toStdString();
+    EXPECT_TRUE(prova.out.contains("No errors detected")) << prova.out.toStdString();
     for (const auto& [nome, byte] : file) {
         QProcess p;
         p.start("/usr/bin/unzip", {"-p", P("prova.zip"), nome});
@@ -192,23 +164,16 @@ TEST_F(Zip, ComandoZipConCommento) {
     Scrivi("A.EMP", "8|1%|0|0|\r\n");
     Scrivi("A.PNG", QByteArray(5000, '\x7f'));
     Scrivi("vecchio.zip", "non un archivio");
-    QProcess cli;
-    cli.start(TAVOLET_CLI,
-              {"zip", P("vecchio.zip"), P("A.EMP"), "--commento", "Estratto A", P("A.PNG")});
-    ASSERT_TRUE(cli.waitForFinished(30000));
-    EXPECT_EQ(cli.exitCode(), 0) << cli.readAllStandardError().constData();
-    QProcess unzip;
-    unzip.start("/usr/bin/unzip", {"-l", P("vecchio.zip")});
-    ASSERT_TRUE(unzip.waitForFinished(30000));
-    const QString elenco = QString::fromLocal8Bit(unzip.readAll());
-    EXPECT_EQ(unzip.exitCode(), 0);
-    EXPECT_TRUE(elenco.contains("Estratto A")) << elenco.toStdString();
-    EXPECT_TRUE(elenco.contains("A.EMP") && elenco.contains("A.PNG") && elenco.contains("2 files"));
+    const Esito cli =
+        Esegui({"zip", P("vecchio.zip"), P("A.EMP"), "--commento", "Estratto A", P("A.PNG")});
+    EXPECT_EQ(cli.codice, 0) << cli.err.toStdString();
+    const Esito elenco = EseguiProgramma("/usr/bin/unzip", {"-l", P("vecchio.zip")}, 30000);
+    EXPECT_EQ(elenco.codice, 0);
+    EXPECT_TRUE(elenco.out.contains("Estratto A")) << elenco.out.toStdString();
+    EXPECT_TRUE(elenco.out.contains("A.EMP") && elenco.out.contains("A.PNG") &&
+                elenco.out.contains("2 files"));
 
     // A member that is not there: nothing is written, exit status 1.
-    QProcess manca;
-    manca.start(TAVOLET_CLI, {"zip", P("nuovo.zip"), P("manca.txt")});
-    ASSERT_TRUE(manca.waitForFinished(30000));
-    EXPECT_EQ(manca.exitCode(), 1);
+    EXPECT_EQ(Esegui({"zip", P("nuovo.zip"), P("manca.txt")}).codice, 1);
     EXPECT_FALSE(QFile::exists(P("nuovo.zip")));
 }
