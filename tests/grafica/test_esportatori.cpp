@@ -7,7 +7,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace tavolet;
@@ -138,24 +137,9 @@ TEST_F(Esportatori, UnErroreDiScritturaVaAllaSegnalazione) {
     EXPECT_TRUE(p.Messaggi()[0].contains("BV_SalvaDXF"));
 }
 
-// ---- Real readers of DXF ----
-
-namespace {
-
-QString Esegui(const QString& programma, const QStringList& argomenti, int* uscita = nullptr) {
-    QProcess pr;
-    pr.start(programma, argomenti);
-    pr.waitForFinished(60000);
-    if (uscita) *uscita = pr.exitCode();
-    return QString::fromUtf8(pr.readAllStandardOutput() + pr.readAllStandardError());
-}
-
-} // namespace
-
 TEST_F(Esportatori, EzdxfLeggeIlDXFConIConteggiPerStrato) {
-    int uscita = -1;
-    Esegui("/usr/bin/python3", {"-c", "import ezdxf"}, &uscita);
-    if (uscita != 0) GTEST_SKIP() << "python3-ezdxf non installato";
+    if (EseguiProgramma("/usr/bin/python3", {"-c", "import ezdxf"}).codice != 0)
+        GTEST_SKIP() << "python3-ezdxf non installato";
     Estratto();
     QTemporaryDir dir;
     const QString file = dir.filePath("g.dxf");
@@ -166,8 +150,9 @@ TEST_F(Esportatori, EzdxfLeggeIlDXFConIConteggiPerStrato) {
         "doc, auditor = recover.readfile(sys.argv[1])\n"
         "c = collections.Counter((e.dxftype(), e.dxf.layer) for e in doc.modelspace())\n"
         "for k in sorted(c): print(k[0], k[1], c[k])\n";
-    const QString uscitaTesto = Esegui("/usr/bin/python3", {"-c", script, file}, &uscita);
-    ASSERT_EQ(uscita, 0) << uscitaTesto.toStdString();
+    const Esito e = EseguiProgramma("/usr/bin/python3", {"-c", script, file});
+    const QString uscitaTesto = e.out + e.err;
+    ASSERT_EQ(e.codice, 0) << uscitaTesto.toStdString();
     EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_NC 24\n")) << uscitaTesto.toStdString();
     EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_RT 2\n"));
     EXPECT_TRUE(uscitaTesto.contains("POINT PUNTI_S 33\n"));
@@ -183,15 +168,14 @@ TEST_F(Esportatori, OgrinfoLeggeIlDXFConIConteggiPerStrato) {
     QTemporaryDir dir;
     const QString file = dir.filePath("g.dxf");
     ASSERT_TRUE(BV_SalvaDXF(s, g, file));
-    int uscita = -1;
-    const QString testo =
-        Esegui("/usr/bin/ogrinfo",
-               {"-ro", "-q", "-dialect", "SQLite", "-sql",
-                "SELECT Layer, ST_GeometryType(GEOMETRY) AS t, COUNT(*) AS n FROM entities "
-                "GROUP BY Layer, t",
-                file},
-               &uscita);
-    ASSERT_EQ(uscita, 0) << testo.toStdString();
+    const Esito e = EseguiProgramma(
+        "/usr/bin/ogrinfo",
+        {"-ro", "-q", "-dialect", "SQLite", "-sql",
+         "SELECT Layer, ST_GeometryType(GEOMETRY) AS t, COUNT(*) AS n FROM entities "
+         "GROUP BY Layer, t",
+         file});
+    const QString testo = e.out + e.err;
+    ASSERT_EQ(e.codice, 0) << testo.toStdString();
     auto conta = [&](const QString& strato, const QString& geometria) {
         // One feature a group: "Layer (String) = X", "t (String) = Y", "n (Integer) = N".
         const QStringList righe = testo.split('\n');
