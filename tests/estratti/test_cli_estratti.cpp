@@ -80,11 +80,6 @@ TEST(CliEstratti, CopiaNellaCartellaEstratti) {
     EXPECT_EQ(manca.codice, 1);
     EXPECT_EQ(manca.err, "Copia Estratto in Pregeo: C:\\DOWNLOAD\\MANCA.ZIP\nNON trovato!\n");
 
-    radice.Scrivi("C:\\Download\\rotto.zip", "PK\x03\x04 non un archivio");
-    const Esito rotto = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\rotto.zip"});
-    EXPECT_EQ(rotto.codice, 1);
-    EXPECT_TRUE(rotto.err.contains("Nella Routine DrageDrop")) << rotto.err.toStdString();
-
     const Esito dxf = Esegui(r + QStringList{"estratto", "copia", "C:\\Download\\Foglio.dxf"});
     EXPECT_EQ(dxf.codice, 2);
     EXPECT_EQ(dxf.err, "Ammessi file .EMP, .PNG, .ZIP\n");

@@ -6,7 +6,6 @@
 #include "supporto.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -146,20 +145,15 @@ TEST_F(CopiaEstratto, ZipOstileODanneggiatoDaIlRapportoDiErrore) {
     EXPECT_TRUE(Elenco(kEstratti).isEmpty());
     EXPECT_EQ(stato.doc.NomeEstratto, "PRIMA.EMP");
 
-    QByteArray casuale(2000, '\0');
-    QRandomGenerator rng(5);
-    for (char& c : casuale) c = char(rng.bounded(256));
-    radice.Scrivi("C:\\Download\\Rotto.zip", casuale);
+    // Cut short, its end record gone (the unpacker's own tests cut and flip every byte).
     radice.Scrivi("C:\\Download\\Troncato.zip", Dati("zip/altro_scrittore.zip").left(900));
-    for (const char* p : {"C:\\Download\\Rotto.zip", "C:\\Download\\Troncato.zip"}) {
-        EXPECT_FALSE(DrageDrop(stato, p));
-        const QStringList m = Messaggi();
-        ASSERT_EQ(m.size(), 1);
-        EXPECT_TRUE(m[0].startsWith("Rilevato errore: Si è verificato questo errore : 321\r\n"
-                                    "Archivio ZIP non valido: "))
-            << m[0].toStdString();
-    }
-    EXPECT_EQ(stato.ErroriMostrati, 3);
+    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Troncato.zip"));
+    const QStringList m = Messaggi();
+    ASSERT_EQ(m.size(), 1);
+    EXPECT_TRUE(m[0].startsWith("Rilevato errore: Si è verificato questo errore : 321\r\n"
+                                "Archivio ZIP non valido: "))
+        << m[0].toStdString();
+    EXPECT_EQ(stato.ErroriMostrati, 2);
     // The program goes on.
     radice.Scrivi("C:\\Download\\Dopo.EMP", emp);
     EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Dopo.EMP"));
