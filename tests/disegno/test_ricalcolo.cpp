@@ -83,29 +83,18 @@ TEST_F(Generazione, RicalcoloDiRilieviCasuali) {
         const int stazioni = 2 + int(rng() % 4);
         for (int k = 1; k <= stazioni; ++k) {
             const double x = coord(rng), y = coord(rng);
-            lxc += QStringLiteral("P,%1,%2,%3,%4,ST,%5\r\n")
-                       .arg(k * 100)
-                       .arg(x, 0, 'f', 3)
-                       .arg(y, 0, 'f', 3)
-                       .arg(quota(rng), 0, 'f', 3)
-                       .arg(alt(rng), 0, 'f', 3);
+            lxc += QString::asprintf("P,%d,%.3f,%.3f,%.3f,ST,%.3f\r\n", k * 100, x, y, quota(rng),
+                                     alt(rng));
             for (int j = 1; j <= 1 + int(rng() % 8); ++j)
-                lxc += QStringLiteral("P,%1,%2,%3,%4,PT,%5\r\n")
-                           .arg(k * 100 + j)
-                           .arg(x + coord(rng) / 4, 0, 'f', 3)
-                           .arg(y + coord(rng) / 4, 0, 'f', 3)
-                           .arg(quota(rng), 0, 'f', 3)
-                           .arg(alt(rng), 0, 'f', 3);
+                lxc +=
+                    QString::asprintf("P,%d,%.3f,%.3f,%.3f,PT,%.3f\r\n", k * 100 + j,
+                                      x + coord(rng) / 4, y + coord(rng) / 4, quota(rng), alt(rng));
         }
         const QHash<QString, Coordinate> veri = Veri(lxc);
         for (int k = 1; k < stazioni; ++k) {
             const Coordinate a = veri.value(QString::number(k * 100));
             const Coordinate b = veri.value(QString::number(k * 100 + 100));
-            lxc += QStringLiteral("L,%1,%2,0,%3,%4,0\r\n")
-                       .arg(a.x, 0, 'f', 3)
-                       .arg(a.y, 0, 'f', 3)
-                       .arg(b.x, 0, 'f', 3)
-                       .arg(b.y, 0, 'f', 3);
+            lxc += QString::asprintf("L,%.3f,%.3f,0,%.3f,%.3f,0\r\n", a.x, a.y, b.x, b.y);
         }
         const bool azimut = prova % 2 == 1;
         o.orientamento = azimut ? Orientamento::TuttiAzimut : Orientamento::StazionePrecedente;

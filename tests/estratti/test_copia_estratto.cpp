@@ -6,7 +6,6 @@
 #include "supporto.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -53,35 +52,25 @@ const QString kTitolo = QStringLiteral("Copia Estratto in Pregeo: ");
 } // namespace
 
 TEST_F(CopiaEstratto, EmpEPngConIlLoroCompagno) {
+    // From the image: the extract comes along and becomes the current one.
+    radice.Scrivi("C:\\Download\\Foglio 12.PNG", png);
     radice.Scrivi("C:\\Download\\Foglio 12.emp", emp);
-    radice.Scrivi("C:\\Download\\Foglio 12.png", png);
-    EXPECT_TRUE(DrageDrop(stato, "\"c:\\download\\foglio 12.emp\""));
+    EXPECT_TRUE(DrageDrop(stato, "\"c:\\download\\foglio 12.png\""));
     EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Copiato nella cartella Estratti!\r\n"
                                                  "C:\\DOWNLOAD\\FOGLIO 12"}));
-    EXPECT_EQ(Elenco(kEstratti), QStringList({"FOGLIO 12.EMP", "FOGLIO 12.PNG"}));
     EXPECT_EQ(radice.Leggi(kEstratti + "FOGLIO 12.EMP"), emp);
     EXPECT_EQ(radice.Leggi(kEstratti + "FOGLIO 12.PNG"), png);
     EXPECT_EQ(stato.doc.NomeEstratto, "FOGLIO 12.EMP");
-
-    // From the image: the extract comes along and becomes the current one.
-    radice.Scrivi("C:\\Download\\B.PNG", "png b");
-    radice.Scrivi("C:\\Download\\B.EMP", "emp b");
-    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\B.PNG"));
-    EXPECT_EQ(Messaggi(),
-              QStringList({kTitolo + "Copiato nella cartella Estratti!\r\nC:\\DOWNLOAD\\B"}));
-    EXPECT_EQ(radice.Leggi(kEstratti + "B.EMP"), "emp b");
-    EXPECT_EQ(radice.Leggi(kEstratti + "B.PNG"), "png b");
-    EXPECT_EQ(stato.doc.NomeEstratto, "B.EMP");
 
     // A lone image is copied but names no extract; a lone extract needs no image.
     radice.Scrivi("C:\\Download\\Solo.png", "solo");
     radice.Scrivi("C:\\Download\\Nudo.EMP", "nudo");
     EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Solo.png"));
-    EXPECT_EQ(stato.doc.NomeEstratto, "B.EMP");
+    EXPECT_EQ(stato.doc.NomeEstratto, "FOGLIO 12.EMP");
     EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Nudo.EMP"));
     EXPECT_EQ(stato.doc.NomeEstratto, "NUDO.EMP");
-    EXPECT_EQ(Elenco(kEstratti), QStringList({"B.EMP", "B.PNG", "FOGLIO 12.EMP", "FOGLIO 12.PNG",
-                                              "NUDO.EMP", "SOLO.PNG"}));
+    EXPECT_EQ(Elenco(kEstratti),
+              QStringList({"FOGLIO 12.EMP", "FOGLIO 12.PNG", "NUDO.EMP", "SOLO.PNG"}));
     EXPECT_EQ(Messaggi().size(), 2);
 }
 
@@ -156,20 +145,15 @@ TEST_F(CopiaEstratto, ZipOstileODanneggiatoDaIlRapportoDiErrore) {
     EXPECT_TRUE(Elenco(kEstratti).isEmpty());
     EXPECT_EQ(stato.doc.NomeEstratto, "PRIMA.EMP");
 
-    QByteArray casuale(2000, '\0');
-    QRandomGenerator rng(5);
-    for (char& c : casuale) c = char(rng.bounded(256));
-    radice.Scrivi("C:\\Download\\Rotto.zip", casuale);
+    // Cut short, its end record gone (the unpacker's own tests cut and flip every byte).
     radice.Scrivi("C:\\Download\\Troncato.zip", Dati("zip/altro_scrittore.zip").left(900));
-    for (const char* p : {"C:\\Download\\Rotto.zip", "C:\\Download\\Troncato.zip"}) {
-        EXPECT_FALSE(DrageDrop(stato, p));
-        const QStringList m = Messaggi();
-        ASSERT_EQ(m.size(), 1);
-        EXPECT_TRUE(m[0].startsWith("Rilevato errore: Si è verificato questo errore : 321\r\n"
-                                    "Archivio ZIP non valido: "))
-            << m[0].toStdString();
-    }
-    EXPECT_EQ(stato.ErroriMostrati, 3);
+    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Troncato.zip"));
+    const QStringList m = Messaggi();
+    ASSERT_EQ(m.size(), 1);
+    EXPECT_TRUE(m[0].startsWith("Rilevato errore: Si è verificato questo errore : 321\r\n"
+                                "Archivio ZIP non valido: "))
+        << m[0].toStdString();
+    EXPECT_EQ(stato.ErroriMostrati, 2);
     // The program goes on.
     radice.Scrivi("C:\\Download\\Dopo.EMP", emp);
     EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Dopo.EMP"));

@@ -36,8 +36,8 @@ QString RigaTafCampi(const CampiTaf& c) {
 
 QString CodiceGenerato(int i, const QString& comune) {
     const int foglio = i / 99 + 1, numero = i % 99 + 1;
-    return QStringLiteral("PF") + QString::number(numero).rightJustified(2, u'0') + u'/' +
-           QString::number(foglio % 1000).rightJustified(3, u'0') + QStringLiteral("0/") + comune;
+    return "PF" + QString::number(numero).rightJustified(2, u'0') + u'/' +
+           QString::number(foglio % 1000).rightJustified(3, u'0') + "0/" + comune;
 }
 
 QString TafGenerata(int n, const QString& comune, std::mt19937& rng) {
@@ -50,12 +50,12 @@ QString TafGenerata(int n, const QString& comune, std::mt19937& rng) {
         c.foglio = QString::number((i / 99 + 1) % 1000);
         c.numero = QString::number(i % 99 + 1);
         c.mappa = QString::number(rng() % 2000);
-        c.rifPlan = QStringLiteral("SPIGOLO FABBRICATO N. %1").arg(i);
+        c.rifPlan = QString("SPIGOLO FABBRICATO N. %1").arg(i);
         c.nord = QString::number(nord(rng), 'f', 3);
         c.est = QString::number(est(rng), 'f', 3);
         c.quota = (rng() % 10 == 0) ? QString() : QString::number(q(rng), 'f', 3);
-        c.rifAltim = (rng() % 7 == 0) ? QStringLiteral("<QUOTA>") : QStringLiteral("BASE");
-        testo += RigaTafCampi(c) + QStringLiteral("\r\n");
+        c.rifAltim = (rng() % 7 == 0) ? "<QUOTA>" : "BASE";
+        testo += RigaTafCampi(c) + "\r\n";
     }
     return testo;
 }
@@ -71,7 +71,7 @@ QString DddGenerato(int n, int fiduciali, const QString& comune, std::mt19937& r
                  QString::number(d(rng), 'f', 3).rightJustified(12) +
                  QString::number(s(rng), 'f', 3).rightJustified(8) +
                  QString::number(1990 + int(rng() % 35)).rightJustified(6) +
-                 QStringLiteral("  PD%1\r\n").arg(int(rng() % 10000000), 7, 10, QChar(u'0'));
+                 QString("  PD%1\r\n").arg(int(rng() % 10000000), 7, 10, QChar(u'0'));
     }
     return testo;
 }

@@ -12,15 +12,14 @@ namespace tavolet::test {
 
 namespace {
 
-const QString kTitolo = QStringLiteral("MISURATE PF");
+const QString kTitolo = "MISURATE PF";
 
 QString Destra(const QString& s, int n) {
     return s.size() >= n ? s : Space(n - int(s.size())) + s;
 }
 
 QString Testa(const QString& a, const QString& b) {
-    return Left(a + QStringLiteral("  "), 15) + QStringLiteral("- ") +
-           Left(b + QStringLiteral("  "), 15);
+    return Left(a + "  ", 15) + "- " + Left(b + "  ", 15);
 }
 
 QStringList Unici(QStringList nomi) {
@@ -32,30 +31,25 @@ QStringList Unici(QStringList nomi) {
 QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti) {
     nomi = Unici(nomi);
     if (nomi.size() >= 51) {
-        stato.piattaforma->Messaggio(QStringLiteral("Troppi PF da elaborare"),
-                                     QStringLiteral("Problema !!"), Icona::Avviso);
+        stato.piattaforma->Messaggio("Troppi PF da elaborare", "Problema !!", Icona::Avviso);
         return {};
     }
     const bool libretto = punti == nullptr;
-    const QString figura =
-        libretto ? QStringLiteral("######0.##0") : QStringLiteral("#########0.##0");
-    QStringList rapporto{QStringLiteral("Elenco Distanze Misurate Trovate")};
+    const QString figura = libretto ? "######0.##0" : "#########0.##0";
+    QStringList rapporto{"Elenco Distanze Misurate Trovate"};
 
-    const QString comune = Split(nomi.first(), QStringLiteral("/")).value(2);
+    const QString comune = Split(nomi.first(), "/").value(2);
     const QString nome = ArchivioMisurate(stato, SiglaProvinciaDelComune(stato, comune));
     stato.doc.NomeMisurate = nome;
     const QString archivio = PercorsoArchivio(stato, nome);
     if (!EsisteFile(archivio)) {
         if (!libretto) {
-            stato.piattaforma->Messaggio(
-                QStringLiteral("Archivio ") + archivio +
-                    QStringLiteral(" Non installato. Provvedere e ritentare!"),
-                QStringLiteral("Archivio Misurate"), Icona::Avviso);
+            stato.piattaforma->Messaggio("Archivio " + archivio +
+                                             " Non installato. Provvedere e ritentare!",
+                                         "Archivio Misurate", Icona::Avviso);
         } else if (stato.piattaforma->Domanda(
-                       QStringLiteral("Archivio ") + archivio +
-                           QStringLiteral(" Non installato. Scaricare Archivio?"),
-                       QStringLiteral("Archivio Misurate"), Pulsanti::SiNo,
-                       Risposta::No) == Risposta::Si) {
+                       "Archivio " + archivio + " Non installato. Scaricare Archivio?",
+                       "Archivio Misurate", Pulsanti::SiNo, Risposta::No) == Risposta::Si) {
             ParolaImportTaf(stato);
         }
         return {};
@@ -63,14 +57,12 @@ QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti
 
     QStringList trovati; // name|east|north
     for (const QString& n : nomi) {
-        const PFNellaTaf pf =
-            TrovaPFNellaTAFRiferimento(stato, Replace(n, QStringLiteral("@"), QString()));
+        const PFNellaTaf pf = TrovaPFNellaTAFRiferimento(stato, Replace(n, "@", QString()));
         if (pf.trovato) {
             trovati << n + u'|' + pf.est + u'|' + pf.nord;
         } else {
-            stato.piattaforma->Messaggio(QStringLiteral("Il ") + n + CRLF +
-                                             QStringLiteral(" Non è stato trovato nella TAF!"),
-                                         QStringLiteral("PF Non trovato"), Icona::Informazione);
+            stato.piattaforma->Messaggio("Il " + n + CRLF + " Non è stato trovato nella TAF!",
+                                         "PF Non trovato", Icona::Informazione);
         }
     }
 
@@ -95,7 +87,7 @@ QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti
     auto voce = [&](const QString& n, double& est, double& nord) {
         for (const QString& t : trovati) {
             if (!t.contains(n)) continue;
-            const QStringList c = Split(t, QStringLiteral("|"));
+            const QStringList c = Split(t, "|");
             est = Val(c.value(1));
             nord = Val(c.value(2));
             return true;
@@ -112,16 +104,14 @@ QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti
             const auto [xb, yb] = coordinate(b);
             d = std::hypot(xb - xa, yb - ya);
         }
-        rapporto << QStringLiteral(" ") << kIntestazioneMisurate;
+        rapporto << " " << kIntestazioneMisurate;
         const QString testa = Testa(a, b);
-        rapporto << testa + Destra(Formato(d, figura), 13) +
-                        QStringLiteral("               (REALE)");
+        rapporto << testa + Destra(Formato(d, figura), 13) + "               (REALE)";
         double ea = 0, na = 0, eb = 0, nb = 0;
         if (voce(a, ea, na) && voce(b, eb, nb)) {
             const double t = std::hypot(eb - ea, nb - na);
             rapporto << testa + Destra(Formato(t, figura), 13) +
-                            Destra(Formato(d - t, figura), 10) +
-                            QStringLiteral("               ( TAF )    ");
+                            Destra(Formato(d - t, figura), 10) + "               ( TAF )    ";
         }
         double somma = 0;
         int conta = 0;
@@ -129,15 +119,15 @@ QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti
             if (!riga.contains(a) || !riga.contains(b)) continue;
             const double m = Val(riga.size() >= 34 ? Mid(riga, 34) : QString());
             rapporto << testa + riga.mid(testa.size()) +
-                            Destra(Formato(d - m, QStringLiteral("#########0.##0")), 10);
+                            Destra(Formato(d - m, "#########0.##0"), 10);
             somma += m;
             ++conta;
         }
         if (somma > 0 && conta > 0)
             rapporto << Space(32) + Destra(Formato(somma / conta, figura), 13) +
-                            QStringLiteral("               ( Media )    ");
+                            "               ( Media )    ";
     }
-    CreaCartella(stato.amb.CartellaDocumenti + QStringLiteral("\\Norvello\\temp"));
+    CreaCartella(stato.amb.CartellaDocumenti + "\\Norvello\\temp");
     ScriviTesto(PercorsoFileMisurate(stato), Join(rapporto, CRLF));
     stato.piattaforma->ApriConProgramma(PercorsoFileMisurate(stato));
     return rapporto;
@@ -147,7 +137,7 @@ QStringList Rapporto(Stato& stato, QStringList nomi, const QList<PuntoPF>* punti
 
 PFNellaTaf TrovaPFNellaTAFRiferimento(Stato& stato, const QString& codice) {
     PFNellaTaf esito;
-    ConTrappola(stato, QStringLiteral("TrovaPFNellaTAF"), [&] {
+    ConTrappola(stato, "TrovaPFNellaTAF", [&] {
         const QString cercato = Trim(codice);
         const QString percorso = PercorsoTaf(stato, ComuneDelPF(cercato));
         if (ComuneDelPF(cercato).isEmpty() || !EsisteFile(percorso)) return;
@@ -164,7 +154,7 @@ PFNellaTaf TrovaPFNellaTAFRiferimento(Stato& stato, const QString& codice) {
 
 QStringList CalcolaMisuratePFRiferimento(Stato& stato, QList<PuntoPF>& punti) {
     QStringList rapporto;
-    ConTrappola(stato, QStringLiteral("CalcolaMisuratePF"), [&] {
+    ConTrappola(stato, "CalcolaMisuratePF", [&] {
         QStringList nomi;
         QList<int> scartati;
         for (int i = 0; i < punti.size(); ++i) {
@@ -174,15 +164,15 @@ QStringList CalcolaMisuratePFRiferimento(Stato& stato, QList<PuntoPF>& punti) {
             if (n[13].isDigit()) {
                 nomi << n;
             } else {
-                stato.piattaforma->Messaggio(QStringLiteral("Trovato PF con C.F. Catastale ") +
-                                                 CRLF + QStringLiteral("SCARTATO!") + CRLF + n,
+                stato.piattaforma->Messaggio("Trovato PF con C.F. Catastale " + CRLF + "SCARTATO!" +
+                                                 CRLF + n,
                                              kTitolo, Icona::Avviso);
                 scartati.prepend(i);
             }
         }
         for (int i : scartati) punti.removeAt(i);
         if (nomi.isEmpty()) {
-            stato.piattaforma->Messaggio(QStringLiteral("Nessun PF trovato nel disegno"), kTitolo,
+            stato.piattaforma->Messaggio("Nessun PF trovato nel disegno", kTitolo,
                                          Icona::Informazione);
             return;
         }
@@ -194,15 +184,15 @@ QStringList CalcolaMisuratePFRiferimento(Stato& stato, QList<PuntoPF>& punti) {
 QStringList CalcolaMisuratePF_DaLibrettoRiferimento(Stato& stato,
                                                     const QStringList& righeLibretto) {
     QStringList rapporto;
-    ConTrappola(stato, QStringLiteral("CalcolaMisuratePF_DaLibretto"), [&] {
+    ConTrappola(stato, "CalcolaMisuratePF_DaLibretto", [&] {
         QStringList nomi;
         for (const QString& riga : righeLibretto) {
             if (TipoRiga(riga) != 8) continue;
-            const QString campo = Split(riga, QStringLiteral("|")).value(1);
+            const QString campo = Split(riga, "|").value(1);
             if (UCase(Left(campo, 2)) == u"PF") nomi << UCase(campo);
         }
         if (nomi.isEmpty()) {
-            stato.piattaforma->Messaggio(QStringLiteral("Nessun PF trovato nel libretto"), kTitolo,
+            stato.piattaforma->Messaggio("Nessun PF trovato nel libretto", kTitolo,
                                          Icona::Informazione);
             return;
         }

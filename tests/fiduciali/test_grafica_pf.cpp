@@ -49,15 +49,20 @@ TEST_F(GraficaPF, Selezioni) {
     EXPECT_EQ(t.Selezionati(), 4);
     EXPECT_EQ(RecordVicino(t, 23456, -12345), 0);
     EXPECT_EQ(RecordVicino(TabellaPF(), 0, 0), -1);
-}
 
-TEST_F(GraficaPF, TestoDiStato) {
+    // The status line of two selected points: scale, names and their distance.
     SelezionaNessuno(t);
     t.record[0].selezionato = t.record[2].selezionato = true;
     const QString testo = TestoStatoGraficaPF(t, 23456.0, -12345.0, 2000);
     EXPECT_TRUE(testo.contains(" Scala : 2000")) << testo.toStdString();
     EXPECT_TRUE(testo.contains("PF01/0100/A001"));
     EXPECT_TRUE(testo.contains("420.215 / -354.480 / 225.665")) << testo.toStdString();
+
+    // A table from the names of the grid, those of the TAF only.
+    const TabellaPF g = TabellaDaGriglia(s, "A001", {"PF03/0100/A001", "PF99/0100/A001"});
+    ASSERT_EQ(g.Conta(), 1);
+    EXPECT_EQ(g.record[0].taf.mappa, "88");
+    EXPECT_EQ(TabellaDaGriglia(s, "Z999", {"PF01/0100/Z999"}).Conta(), 0);
 }
 
 TEST_F(GraficaPF, MisureECopiaNelDisegno) {
@@ -89,13 +94,6 @@ TEST_F(GraficaPF, StampaListaSelezionati) {
     const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_Fiduciali";
     ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_Fiduciali.CSV");
     ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_Fiduciali.TXT");
-}
-
-TEST_F(GraficaPF, TabellaDallaGriglia) {
-    const TabellaPF g = TabellaDaGriglia(s, "A001", {"PF03/0100/A001", "PF99/0100/A001"});
-    ASSERT_EQ(g.Conta(), 1);
-    EXPECT_EQ(g.record[0].taf.mappa, "88");
-    EXPECT_EQ(TabellaDaGriglia(s, "Z999", {"PF01/0100/Z999"}).Conta(), 0);
 }
 
 } // namespace tavolet::test

@@ -12,14 +12,8 @@ namespace tavolet::test {
 namespace {
 
 QString FineRiga(std::mt19937& rng) {
-    switch (rng() % 6) {
-    case 0:
-        return QStringLiteral("\n");
-    case 1:
-        return QStringLiteral("\r");
-    default:
-        return QStringLiteral("\r\n");
-    }
+    static const char* const fini[] = {"\n", "\r", "\r\n", "\r\n", "\r\n", "\r\n"};
+    return QString::fromLatin1(fini[rng() % 6]);
 }
 
 // Lines of a text joined again with mixed line ends, some blank lines, no end at the last one.
@@ -88,25 +82,12 @@ struct Confronto : ::testing::Test {
         const int n = 1 + int(rng() % 12);
         for (int k = 0; k < n; ++k) {
             QString nome = CodiceGenerato(int(rng() % (fiduciali + 5)), "A001");
-            switch (rng() % 8) {
-            case 0:
-                nome = nome.toLower();
-                break;
-            case 1:
-                nome += "@";
-                break;
-            case 2:
-                nome = "PF04/0020/A001"; // the line with blanks in its sheet
-                break;
-            case 3:
-                nome = "PF0" + QString::number(rng() % 10) + "/0010/A001";
-                break;
-            case 4:
-                if (rng() % 3 == 0) nome += "\u4e2d"; // no byte of the files gives it
-                break;
-            default:
-                break;
-            }
+            const unsigned caso = rng() % 8;
+            if (caso == 0) nome = nome.toLower();
+            if (caso == 1) nome += "@";
+            if (caso == 2) nome = "PF04/0020/A001"; // the line with blanks in its sheet
+            if (caso == 3) nome = "PF0" + QString::number(rng() % 10) + "/0010/A001";
+            if (caso == 4 && rng() % 3 == 0) nome += "\u4e2d"; // no byte of the files gives it
             nomi << nome;
         }
         return nomi;

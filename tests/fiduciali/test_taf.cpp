@@ -88,9 +88,8 @@ TEST_F(Taf, CaricaPieffe8) {
     // <QUOTA> becomes the corner base, reliability 04.
     EXPECT_EQ(conQuote[5], "8|PF03/0100/A001|11.980|04|Base Spigolo|");
     EXPECT_TRUE(p.eventi.isEmpty());
-}
 
-TEST_F(Taf, ImportaRighe8SostituisceLeVecchie) {
+    // Imported, they take the place of the old rows 8.
     s.doc.TestoLibretto = "0|x|\r\n9|20|\r\n8|PF09/0100/A001|1|2|\r\n2|PF01/0100/A001|\r\n"
                           "8|OLD|1|2|\r\n";
     CaricaLibrettoInList1(s);

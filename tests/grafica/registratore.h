@@ -25,27 +25,17 @@ public:
     double AltezzaMm() const override { return altezzaMm; }
     void Pulisci() override { ++pulizie; }
     void Scala(double x1, double y1, double x2, double y2) override { scala = {x1, y1, x2, y2}; }
+    // The fields in the order of Tratto.
     void Linea(double x1, double y1, double x2, double y2, int spessore, int stile,
                int colore) override {
-        Tratto t;
-        t.tipo = "linea";
-        t.x1 = x1, t.y1 = y1, t.x2 = x2, t.y2 = y2;
-        t.spessore = spessore, t.stile = stile, t.colore = colore;
-        tratti.append(t);
+        tratti.append({"linea", x1, y1, x2, y2, 0, 0, 0, spessore, stile, colore});
     }
     void Cerchio(double x, double y, double raggio, int colore) override {
-        Tratto t;
-        t.tipo = "cerchio";
-        t.x1 = x, t.y1 = y, t.raggio = raggio, t.colore = colore;
-        tratti.append(t);
+        tratti.append({"cerchio", x, y, 0, 0, raggio, 0, 0, 0, 0, colore});
     }
     void Testo(double x, double y, const QString& testo, const QString& font, double altezza,
                double angolo, int colore) override {
-        Tratto t;
-        t.tipo = "testo";
-        t.x1 = x, t.y1 = y, t.testo = testo, t.font = font, t.altezza = altezza;
-        t.angolo = angolo, t.colore = colore;
-        tratti.append(t);
+        tratti.append({"testo", x, y, 0, 0, 0, altezza, angolo, 0, 0, colore, testo, font});
     }
     QList<Tratto> DiTipo(const QString& tipo) const {
         QList<Tratto> r;

@@ -7,7 +7,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace tavolet;
@@ -56,7 +55,7 @@ TEST_F(Esportatori, IQuattroFileDiEstrattoEPropostaComeIGolden) {
     }
 }
 
-TEST_F(Esportatori, IFileVannoNellaCartellaDelProgramma) {
+TEST_F(Esportatori, IFileVannoNellaCartellaDelProgrammaOAllaSegnalazione) {
     Estratto();
     ASSERT_TRUE(BV_SalvaDXF(s, g));
     EXPECT_EQ(LeggiByte(s.amb.CartellaProgramma + "\\GraficaPF.DXF"), Dati("grafica/ESTRATTO.DXF"));
@@ -68,6 +67,15 @@ TEST_F(Esportatori, IFileVannoNellaCartellaDelProgramma) {
     EXPECT_EQ(p.eventi[0].tipo, "apriconprogramma");
     ASSERT_TRUE(BV_CopiaInFile(s, g));
     EXPECT_TRUE(EsisteFile(s.amb.CartellaProgramma + "\\temp\\CopiaInFile.TXT"));
+    // Names off: the parcel labels leave the DXF.
+    const int conNomi = TestoDXF(g).count("TEXT\r\n");
+    vista.NomiNo = 1;
+    EXPECT_EQ(TestoDXF(g).count("TEXT\r\n"), conNomi - 4);
+    // A write that fails goes to the error report.
+    radice.Scrivi("C:\\occupato", "x"); // a file where a folder should be
+    EXPECT_FALSE(BV_SalvaDXF(s, g, "C:\\occupato\\G.DXF"));
+    ASSERT_EQ(p.Messaggi().size(), 1);
+    EXPECT_TRUE(p.Messaggi()[0].contains("BV_SalvaDXF"));
 }
 
 TEST_F(Esportatori, CopiaInFileVaDaBravantaQuandoCE) {
@@ -84,34 +92,25 @@ TEST_F(Esportatori, CopiaInFileVaDaBravantaQuandoCE) {
     EXPECT_TRUE(s.UltimoRisultato.endsWith("CopiaInFile.TXT"));
 }
 
-TEST_F(Esportatori, DXFDiUnaTabellaVuotaDodiciPuntiNellOrigine) {
+TEST_F(Esportatori, DXFDiUnaTabellaVuotaEStratiDelleLinee) {
     const QString dxf = TestoDXF(g);
     EXPECT_EQ(dxf.count("POINT\r\n 8\r\n"), 12);
     EXPECT_EQ(dxf.count(" 10\r\n0\r\n 20\r\n0\r\n"), 12);
     EXPECT_TRUE(
         dxf.startsWith(" 0\r\nSECTION\r\n 2\r\nENTITIES\r\n 0\r\nPOINT\r\n 8\r\nLINEE_SCHEMA\r\n"));
     EXPECT_TRUE(dxf.endsWith("  0\r\nENDSEC\r\n  0\r\nEOF\r\n"));
-}
-
-TEST_F(Esportatori, UnaLineaDiColore13PrendeLoStratoDiQuellaPrima) {
+    // A line of colour 13 takes the layer of the one before it.
     BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 0, 1, 1);
     BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 13, 1, 2);
     BV_AggiungiLineaGraf(g, 0, 0, 0, 1, 1, 0, 9, 1, 7);
-    const QString dxf = TestoDXF(g);
-    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_NT\r\n 62\r\n0\r\n"));
-    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_NTP\r\n 62\r\n13\r\n"));
-    EXPECT_TRUE(dxf.contains("LINE\r\n 8\r\nLINEE_B\r\n 62\r\n9\r\n"));
+    const QString linee = TestoDXF(g);
+    EXPECT_TRUE(linee.contains("LINE\r\n 8\r\nLINEE_NT\r\n 62\r\n0\r\n"));
+    EXPECT_TRUE(linee.contains("LINE\r\n 8\r\nLINEE_NTP\r\n 62\r\n13\r\n"));
+    EXPECT_TRUE(linee.contains("LINE\r\n 8\r\nLINEE_B\r\n 62\r\n9\r\n"));
     const QString copia = TestoCopiaInFile(g);
     EXPECT_TRUE(copia.contains(",\"NT\"\r\n"));
     EXPECT_TRUE(copia.contains(",\"RP\"\r\n"));
     EXPECT_TRUE(copia.contains(",\"B\"\r\n"));
-}
-
-TEST_F(Esportatori, NomiNoTogliedalDXFLeEtichetteDelleParticelle) {
-    Estratto();
-    const int conNomi = TestoDXF(g).count("TEXT\r\n");
-    vista.NomiNo = 1;
-    EXPECT_EQ(TestoDXF(g).count("TEXT\r\n"), conNomi - 4);
 }
 
 TEST_F(Esportatori, LaScalaHTMLEIntera) {
@@ -130,32 +129,9 @@ TEST_F(Esportatori, LaScalaHTMLEIntera) {
     EXPECT_EQ(html.count("context.fillText('A',"), 2); // once for the names, once for all
 }
 
-TEST_F(Esportatori, UnErroreDiScritturaVaAllaSegnalazione) {
-    Estratto();
-    radice.Scrivi("C:\\occupato", "x"); // a file where a folder should be
-    EXPECT_FALSE(BV_SalvaDXF(s, g, "C:\\occupato\\G.DXF"));
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_TRUE(p.Messaggi()[0].contains("BV_SalvaDXF"));
-}
-
-// ---- Real readers of DXF ----
-
-namespace {
-
-QString Esegui(const QString& programma, const QStringList& argomenti, int* uscita = nullptr) {
-    QProcess pr;
-    pr.start(programma, argomenti);
-    pr.waitForFinished(60000);
-    if (uscita) *uscita = pr.exitCode();
-    return QString::fromUtf8(pr.readAllStandardOutput() + pr.readAllStandardError());
-}
-
-} // namespace
-
 TEST_F(Esportatori, EzdxfLeggeIlDXFConIConteggiPerStrato) {
-    int uscita = -1;
-    Esegui("/usr/bin/python3", {"-c", "import ezdxf"}, &uscita);
-    if (uscita != 0) GTEST_SKIP() << "python3-ezdxf non installato";
+    if (EseguiProgramma("/usr/bin/python3", {"-c", "import ezdxf"}).codice != 0)
+        GTEST_SKIP() << "python3-ezdxf non installato";
     Estratto();
     QTemporaryDir dir;
     const QString file = dir.filePath("g.dxf");
@@ -166,8 +142,9 @@ TEST_F(Esportatori, EzdxfLeggeIlDXFConIConteggiPerStrato) {
         "doc, auditor = recover.readfile(sys.argv[1])\n"
         "c = collections.Counter((e.dxftype(), e.dxf.layer) for e in doc.modelspace())\n"
         "for k in sorted(c): print(k[0], k[1], c[k])\n";
-    const QString uscitaTesto = Esegui("/usr/bin/python3", {"-c", script, file}, &uscita);
-    ASSERT_EQ(uscita, 0) << uscitaTesto.toStdString();
+    const Esito e = EseguiProgramma("/usr/bin/python3", {"-c", script, file});
+    const QString uscitaTesto = e.out + e.err;
+    ASSERT_EQ(e.codice, 0) << uscitaTesto.toStdString();
     EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_NC 24\n")) << uscitaTesto.toStdString();
     EXPECT_TRUE(uscitaTesto.contains("LINE LINEE_RT 2\n"));
     EXPECT_TRUE(uscitaTesto.contains("POINT PUNTI_S 33\n"));
@@ -183,15 +160,14 @@ TEST_F(Esportatori, OgrinfoLeggeIlDXFConIConteggiPerStrato) {
     QTemporaryDir dir;
     const QString file = dir.filePath("g.dxf");
     ASSERT_TRUE(BV_SalvaDXF(s, g, file));
-    int uscita = -1;
-    const QString testo =
-        Esegui("/usr/bin/ogrinfo",
-               {"-ro", "-q", "-dialect", "SQLite", "-sql",
-                "SELECT Layer, ST_GeometryType(GEOMETRY) AS t, COUNT(*) AS n FROM entities "
-                "GROUP BY Layer, t",
-                file},
-               &uscita);
-    ASSERT_EQ(uscita, 0) << testo.toStdString();
+    const Esito e = EseguiProgramma(
+        "/usr/bin/ogrinfo",
+        {"-ro", "-q", "-dialect", "SQLite", "-sql",
+         "SELECT Layer, ST_GeometryType(GEOMETRY) AS t, COUNT(*) AS n FROM entities "
+         "GROUP BY Layer, t",
+         file});
+    const QString testo = e.out + e.err;
+    ASSERT_EQ(e.codice, 0) << testo.toStdString();
     auto conta = [&](const QString& strato, const QString& geometria) {
         // One feature a group: "Layer (String) = X", "t (String) = Y", "n (Integer) = N".
         const QStringList righe = testo.split('\n');

@@ -65,11 +65,9 @@ TEST_F(Mouse, NuovoPuntoEPuntoMedioAncheInMinuscolo) {
     g.NomeNuovo = "100";
     EXPECT_TRUE(ClickSinistro(s, g, 3, 4));
     ASSERT_EQ(g.ContaPunti(), 3);
-    EXPECT_EQ(g.Punti[2].Nome, "100");
-    EXPECT_EQ(g.Punti[2].X, 3);
-    EXPECT_EQ(g.Punti[2].Testo, "SF");
-    EXPECT_EQ(g.Punti[2].Colore, 12);
-    EXPECT_EQ(g.Punti[2].Dimensione, 10);
+    const PuntoGrafica& n = g.Punti[2];
+    EXPECT_EQ(std::tuple(n.Nome, n.X, n.Testo, n.Colore, n.Dimensione),
+              std::tuple("100", 3, "SF", 12, 10));
     EXPECT_TRUE(g.Modo.isEmpty());
 
     g.Modo = "PUNTOMEDIO";
@@ -94,11 +92,10 @@ TEST_F(Mouse, IlContornoSiAggancicaAiPuntiEScriveIlFile) {
     EXPECT_EQ(g.PuntoPrecedente, "1");
     EXPECT_TRUE(ClickSinistro(s, g, 11, 1));
     ASSERT_EQ(g.ContaLinee(), 1);
-    EXPECT_EQ(g.Linee[0].X1, 10); // from the new point back to the previous one
-    EXPECT_EQ(g.Linee[0].X2, 1234.5);
-    EXPECT_EQ(g.Linee[0].Colore, 12);
-    EXPECT_EQ(g.Linee[0].Spessore, 3);
-    EXPECT_EQ(g.Linee[0].Stile, 1);
+    // From the new point back to the previous one.
+    const LineaGrafica& l = g.Linee[0];
+    EXPECT_EQ(std::tuple(l.X1, l.X2, l.Colore, l.Spessore, l.Stile),
+              std::tuple(10, 1234.5, 12, 3, 1));
     TerminaContorno(g);
     EXPECT_TRUE(g.Modo.isEmpty());
     EXPECT_EQ(g.Fase, 1); // the next contour goes on from the last point

@@ -13,17 +13,6 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
-// With TAVOLET_ORO set, the bytes written become the golden file (to look at before keeping).
-QByteArray Oro(const QByteArray& scritto, const QString& nome) {
-    if (qEnvironmentVariableIsSet("TAVOLET_ORO")) {
-        QFile f(qEnvironmentVariable("TAVOLET_ORO") + u'/' + nome);
-        if (f.open(QIODevice::WriteOnly)) f.write(scritto);
-    }
-    return scritto;
-}
-} // namespace
-
-namespace {
 
 // The state with the helper's three programs mapped to the scripted double.
 struct ConPonticello : ConPregeo {
@@ -143,8 +132,7 @@ TEST_F(ConPonticello, PuntiElaboratiConLeDescrizioniEIlLibrettoPerCoordinate) {
     EXPECT_EQ(s.TagRoutine, "Decozero_129 ");
     AggiornaLibrettoMisure(s);
     ScriviLibrettoMisure(s);
-    EXPECT_EQ(Oro(radice.Leggi("C:\\Libretti\\COORDINATE.DAT"), "pregeo/coordinate.dat"),
-              Dati("pregeo/coordinate.dat"));
+    EXPECT_EQ(radice.Leggi("C:\\Libretti\\COORDINATE.DAT"), Dati("pregeo/coordinate.dat"));
     EXPECT_TRUE(p.Messaggi().size() == 1) << p.Messaggi().join("\n").toStdString();
 }
 

@@ -8,6 +8,9 @@
 #include "riordino.h"
 #include "supporto.h"
 
+#include <QApplication>
+#include <QListWidget>
+#include <QStatusBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -35,6 +38,17 @@ struct FormSuDemo : ::testing::Test {
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
     }
+};
+
+// The form open on the demo libretto, active, its rows with the focus.
+struct FormAperto : FormSuDemo {
+    void SetUp() override {
+        FormSuDemo::SetUp();
+        Apri();
+        QApplication::setActiveWindow(form.get());
+        form->Lista()->setFocus();
+    }
+    QString Stato() const { return form->statusBar()->currentMessage(); }
 };
 
 } // namespace tavolet::test

@@ -14,13 +14,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct AnnullaForm : FormSuDemo {
-    void SetUp() override {
-        FormSuDemo::SetUp();
-        Apri();
-        QApplication::setActiveWindow(form.get());
-        form->Lista()->setFocus();
-    }
+struct AnnullaForm : FormAperto {
     QStringList Righe() const { return Voci(form->Lista()); }
     void Tasto(Qt::Key k, Qt::KeyboardModifiers m = Qt::ControlModifier) {
         // After a modal screen the window manager gives the form back its activation.
@@ -33,7 +27,6 @@ struct AnnullaForm : FormSuDemo {
         p.risposte << Risposta::Si;
         Tasto(Qt::Key_Delete, Qt::NoModifier);
     }
-    QString Stato() const { return form->statusBar()->currentMessage(); }
 };
 
 } // namespace

@@ -15,11 +15,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct ComandiForm : FormSuDemo {
-    void SetUp() override {
-        FormSuDemo::SetUp();
-        Apri();
-    }
+struct ComandiForm : FormAperto {
     QStringList Selezionate() const {
         QStringList r;
         for (QListWidgetItem* i : form->Lista()->selectedItems()) r << i->text();

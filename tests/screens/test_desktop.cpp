@@ -19,15 +19,7 @@ using namespace tavolet::test;
 
 namespace {
 
-struct Scorciatoie : FormSuDemo {
-    void SetUp() override {
-        FormSuDemo::SetUp();
-        Apri();
-        QApplication::setActiveWindow(form.get());
-        form->Lista()->setFocus();
-    }
-    QString Stato() const { return form->statusBar()->currentMessage(); }
-};
+using Scorciatoie = FormAperto;
 
 // Answers the real question box that the next command opens with that key.
 void RispondiCon(Qt::Key tasto, QStringList* visti = nullptr) {

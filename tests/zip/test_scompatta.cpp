@@ -41,7 +41,6 @@ struct Scompatta : ::testing::Test {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << p.toStdString();
         f.write(b);
     }
-    static QByteArray Leggi(const QString& p) { return LeggiFile(p); }
     // The archive's bytes, written by ZipClass with these stored names.
     QByteArray Archivio(const Membri& membri) {
         QTemporaryDir sorgenti;
@@ -54,7 +53,7 @@ struct Scompatta : ::testing::Test {
         }
         const QString zip = sorgenti.filePath("a.zip");
         EXPECT_TRUE(z.WriteZip(zip, true));
-        return Leggi(zip);
+        return LeggiFile(zip);
     }
     QString ZipDa(const QByteArray& byte) {
         const QString p = base.filePath("archivio.zip");
@@ -69,7 +68,7 @@ struct Scompatta : ::testing::Test {
                         QDirIterator::Subdirectories);
         while (it.hasNext()) {
             const QString p = it.next();
-            tutto[p] = QFileInfo(p).isDir() ? QByteArray("<cartella>") : Leggi(p);
+            tutto[p] = QFileInfo(p).isDir() ? QByteArray("<cartella>") : LeggiFile(p);
         }
         return tutto;
     }
@@ -113,7 +112,7 @@ TEST_F(Scompatta, OgniVoceConISuoiByte) {
     EXPECT_EQ(e.file, QStringList({dentro + "/ESTRATTO.EMP", dentro + "/Sub/Foglio.PNG",
                                    dentro + "/vuoto.txt", dentro + "/casuale.bin"}));
     for (int i = 0; i < membri.size(); ++i)
-        EXPECT_EQ(Leggi(e.file[i]), membri[i].second) << e.file[i].toStdString();
+        EXPECT_EQ(LeggiFile(e.file[i]), membri[i].second) << e.file[i].toStdString();
 
     // Another writer: a folder entry, data descriptors, a stored member, a UTF-8 name.
     QTemporaryDir altra;
@@ -122,9 +121,9 @@ TEST_F(Scompatta, OgniVoceConISuoiByte) {
     const QString r = QFileInfo(altra.path()).canonicalFilePath();
     EXPECT_EQ(a.file, QStringList({r + "/Cartella/F0120.EMP", r + "/F0120.png",
                                    r + QString::fromUtf8("/città.txt")}));
-    EXPECT_EQ(Leggi(a.file[0]), Dati("estratti/realistico.EMP"));
-    EXPECT_EQ(Leggi(a.file[1]), Dati("estratti/realistico.PNG"));
-    EXPECT_EQ(Leggi(a.file[2]), "Foglio 120\r\n");
+    EXPECT_EQ(LeggiFile(a.file[0]), Dati("estratti/realistico.EMP"));
+    EXPECT_EQ(LeggiFile(a.file[1]), Dati("estratti/realistico.PNG"));
+    EXPECT_EQ(LeggiFile(a.file[2]), "Foglio 120\r\n");
 
     // An archive without members unpacks to nothing.
     const EsitoScompatta vuoto = ScompattaZip(ZipDa(Archivio({})), altra.path());
@@ -271,8 +270,8 @@ TEST_F(Scompatta, CollegamentiEArchivioNellaCartella) {
     e = ScompattaZip(ZipDa(Archivio({{"f.EMP", "nuovo"}})), dentro);
     ASSERT_TRUE(e.Riuscito()) << e.descrizione.toStdString();
     EXPECT_FALSE(QFileInfo(dentro + "/f.EMP").isSymLink());
-    EXPECT_EQ(Leggi(dentro + "/f.EMP"), "nuovo");
-    EXPECT_EQ(Leggi(fuori + "/sentinella.txt"), "non toccare");
+    EXPECT_EQ(LeggiFile(dentro + "/f.EMP"), "nuovo");
+    EXPECT_EQ(LeggiFile(fuori + "/sentinella.txt"), "non toccare");
 
     // The archive lies in the folder and holds a member of its own name: it is not
     // overwritten while it is read.
@@ -281,5 +280,5 @@ TEST_F(Scompatta, CollegamentiEArchivioNellaCartella) {
     e = ScompattaZip(dentro + "/A.ZIP", dentro);
     ASSERT_TRUE(e.Riuscito()) << e.descrizione.toStdString();
     EXPECT_EQ(e.file, QStringList({dentro + "/A.EMP"}));
-    EXPECT_EQ(Leggi(dentro + "/A.ZIP"), a);
+    EXPECT_EQ(LeggiFile(dentro + "/A.ZIP"), a);
 }

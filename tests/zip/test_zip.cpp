@@ -58,7 +58,6 @@ struct Zip : ::testing::Test {
         if (quando.isValid()) f.setFileTime(quando, QFileDevice::FileModificationTime);
         return P(nome);
     }
-    static QByteArray Leggi(const QString& p) { return LeggiFile(p); }
 };
 
 } // namespace
@@ -72,7 +71,7 @@ TEST_F(Zip, RecordCampoPerCampo) {
     EXPECT_EQ(z.FileCount(), 2);
     z.Comment("Tavolet");
     ASSERT_TRUE(z.WriteZip(P("out.zip"), false));
-    const QByteArray b = Leggi(P("out.zip"));
+    const QByteArray b = LeggiFile(P("out.zip"));
 
     // The size compress() gives for the same data, less its head and checksum.
     uLongf atteso = compressBound(uLong(testo.size()));
@@ -112,7 +111,7 @@ TEST_F(Zip, ArchivioVuotoEFileMancanti) {
     EXPECT_FALSE(z.AddFile(dir.path())); // a folder is no file
     EXPECT_EQ(z.FileCount(), 0);
     ASSERT_TRUE(z.WriteZip(P("vuoto.zip"), false));
-    EXPECT_EQ(Leggi(P("vuoto.zip")), QByteArray("PK\x05\x06", 4) + QByteArray(18, '\0'));
+    EXPECT_EQ(LeggiFile(P("vuoto.zip")), QByteArray("PK\x05\x06", 4) + QByteArray(18, '\0'));
 
     // An existing target is kept unless overwriting is asked for.
     EXPECT_FALSE(z.WriteZip(P("vuoto.zip"), false));
@@ -120,9 +119,9 @@ TEST_F(Zip, ArchivioVuotoEFileMancanti) {
     Scrivi("vecchio.zip", QByteArray(1000, 'x'));
     ASSERT_TRUE(z.AddFile(Scrivi("uno.txt", "uno")));
     EXPECT_FALSE(z.WriteZip(P("vecchio.zip"), false));
-    EXPECT_EQ(Leggi(P("vecchio.zip")), QByteArray(1000, 'x'));
+    EXPECT_EQ(LeggiFile(P("vecchio.zip")), QByteArray(1000, 'x'));
     EXPECT_TRUE(z.WriteZip(P("vecchio.zip"), true));
-    EXPECT_TRUE(Leggi(P("vecchio.zip")).startsWith("PK\x03\x04"));
+    EXPECT_TRUE(LeggiFile(P("vecchio.zip")).startsWith("PK\x03\x04"));
     // A folder that is not there: the caller reports error 75.
     EXPECT_FALSE(z.WriteZip(P("manca/a.zip"), true));
     EXPECT_EQ(z.UltimoErrore(), 75);
