@@ -28,9 +28,12 @@ const QString& Estratto(int vertici) {
     return cache[vertici];
 }
 
+// As the window paints: thinned where names and markers would cover each other.
 void Dipingi(ModelloGrafica& g, QImage& img, CacheGlifi* glifi = nullptr) {
     TelaImmagine tela(img, 96, glifi);
-    BV_RidisegnaGrafica(g, tela);
+    OpzioniDisegno opzioni;
+    opzioni.dirada = true;
+    BV_RidisegnaGrafica(g, tela, opzioni);
 }
 
 void BM_PrimaImmagine(benchmark::State& stato) {

@@ -98,6 +98,9 @@ private:
     QRadioButton* opzGrafica_ = nullptr;
     QRadioButton* opzOriginale_ = nullptr;
     QCheckBox *nomiNo_ = nullptr, *toponimiNo_ = nullptr, *pfNo_ = nullptr, *proposta_ = nullptr;
+    // Unticked, the picture on screen thins what would cover itself; ticked, every name.
+    QCheckBox* tuttiNomi_ = nullptr;
+    OpzioniDisegno OpzioniSchermo() const;
     QWidget* pulsanti_ = nullptr;
     QLabel* etichetta1_ = nullptr;
     QLabel* etichetta2_ = nullptr;

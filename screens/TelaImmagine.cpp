@@ -909,4 +909,13 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
     p.restore();
 }
 
+// The advances of the glyphs the Tela sets, and the height of the face above the baseline.
+std::pair<double, double> TelaImmagine::Ingombro(const QString& testo, const QString& font,
+                                                 double altezzaPixel) {
+    CacheGlifi::Faccia& f = FacciaDi(font, PixelDi(altezzaPixel));
+    double w = 0;
+    for (const QChar c : testo) w += glifi_->GlifoDi(f, c.unicode()).avanzamento;
+    return {w, f.ascesa};
+}
+
 } // namespace tavolet

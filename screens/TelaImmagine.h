@@ -106,6 +106,8 @@ public:
     bool IniziaAlRovescio() override;
     bool FinisciAlRovescio() override;
     bool MappaCoperture(Coperture& mappa) override;
+    std::pair<double, double> Ingombro(const QString& testo, const QString& font,
+                                       double altezzaPixel) override;
     void UsaRovescio(bool si) { rovescioAmmesso_ = si; }
 
     // A colour of the QB palette: its pixel and its place in the palette.
