@@ -319,20 +319,37 @@ void Scoperti(const GrigliaGrafica& q, const Tela::Coperture& mappa, double cx, 
 }
 
 // The names placed on a thinned picture, as turned rectangles in pixels, in square buckets: a
-// new name is placed only when it crosses none of them.
+// new name is placed only when it crosses none of them. Cells of kCella pixels wholly inside an
+// upright name placed are marked: a name whose corner falls inside such a cell crosses it, and
+// is refused without measuring it (on a whole sheet nearly all are).
 class PostiNomi {
 public:
     PostiNomi(double larghezza, double altezza)
         : colonne_(std::clamp(int(larghezza / kLato) + 1, 1, 1024)),
           righe_(std::clamp(int(altezza / kLato) + 1, 1, 1024)),
-          secchi_(size_t(colonne_) * size_t(righe_)) {}
+          secchi_(size_t(colonne_) * size_t(righe_)),
+          celleX_(std::clamp(int(larghezza / kCella) + 1, 1, 8192)),
+          celleY_(std::clamp(int(altezza / kCella) + 1, 1, 8192)),
+          coperte_(size_t(celleX_) * size_t(celleY_)) {}
+
+    // True when a name whose upper left corner is (x, y) surely crosses one placed.
+    bool Coperto(double x, double y) const {
+        if (!(x > 0 && y > 0 && x < celleX_ * kCella && y < celleY_ * kCella)) return false;
+        const double fx = x / kCella, fy = y / kCella;
+        const int i = int(fx), j = int(fy);
+        // On a cell's side the name may lie wholly outside it.
+        if (fx == i || fy == j) return false;
+        return coperte_[size_t(j) * size_t(celleX_) + size_t(i)];
+    }
 
     // The text's box from its upper left corner (x, y), turned by angolo degrees
     // counterclockwise; true when it was free, and is now taken.
     bool Prendi(double x, double y, double larghezza, double altezza, double angolo) {
-        const double a = std::isfinite(angolo) ? angolo * M_PI / 180 : 0;
+        const bool dritto = !std::isfinite(angolo) || angolo == 0;
+        const double a = dritto ? 0 : angolo * M_PI / 180;
         const double ux = std::cos(a), uy = -std::sin(a); // along the text, y down
         Rettangolo r;
+        r.dritto = dritto;
         r.v[0] = {x, y};
         r.v[1] = {x + ux * larghezza, y + uy * larghezza};
         r.v[2] = {r.v[1][0] - uy * altezza, r.v[1][1] + ux * altezza};
@@ -345,6 +362,10 @@ public:
             y1 = std::max(y1, p[1]);
         }
         if (!(x0 <= x1 && y0 <= y1) || x1 - x0 > 1e6 || y1 - y0 > 1e6) return false;
+        r.x0 = x0;
+        r.y0 = y0;
+        r.x1 = x1;
+        r.y1 = y1;
         const int c0 = Colonna(x0), c1 = Colonna(x1), r0 = Riga(y0), r1 = Riga(y1);
         for (int j = r0; j <= r1; ++j)
             for (int i = c0; i <= c1; ++i)
@@ -355,13 +376,25 @@ public:
         for (int j = r0; j <= r1; ++j)
             for (int i = c0; i <= c1; ++i)
                 secchi_[size_t(j) * size_t(colonne_) + size_t(i)].push_back(indice);
+        if (dritto) {
+            // The cells wholly inside the box.
+            auto cella = [](double v, int n) { return int(std::clamp(v, 0.0, double(n))); };
+            const int i0 = cella(std::ceil(x0 / kCella), celleX_);
+            const int i1 = cella(std::floor(x1 / kCella), celleX_);
+            const int j0 = cella(std::ceil(y0 / kCella), celleY_);
+            const int j1 = cella(std::floor(y1 / kCella), celleY_);
+            for (int j = j0; j < j1; ++j)
+                for (int i = i0; i < i1; ++i) coperte_[size_t(j) * size_t(celleX_) + size_t(i)] = 1;
+        }
         return true;
     }
 
 private:
-    static constexpr double kLato = 32;
+    static constexpr double kLato = 32, kCella = 4;
     struct Rettangolo {
         std::array<std::array<double, 2>, 4> v;
+        double x0, y0, x1, y1; // the upright box around it
+        bool dritto;
     };
     int Colonna(double x) const {
         return int(std::clamp(std::floor(x / kLato), 0.0, colonne_ - 1.0));
@@ -387,34 +420,54 @@ private:
         return false;
     }
     static bool Incrociano(const Rettangolo& a, const Rettangolo& b) {
+        // Apart by their upright boxes; two upright texts are their boxes.
+        if (a.x1 <= b.x0 || b.x1 <= a.x0 || a.y1 <= b.y0 || b.y1 <= a.y0) return false;
+        if (a.dritto && b.dritto) return true;
         return !Separa(a, b) && !Separa(b, a);
     }
     int colonne_, righe_;
     std::vector<std::vector<int>> secchi_;
     std::vector<Rettangolo> presi_;
+    int celleX_, celleY_;
+    std::vector<quint8> coperte_;
 };
 
-// The vertex markers placed on a thinned picture: one a cell of kDistanza pixels, and none
-// within kDistanza of another.
+// The vertex markers placed on a thinned picture, in cells of kDistanza pixels over the canvas
+// and a margin: one a cell, and none within kDistanza of another.
 class PostiSegni {
 public:
     static constexpr double kDistanza = 4;
+    PostiSegni(double larghezza, double altezza, double margine)
+        : margine_(std::clamp(int(std::ceil(margine / kDistanza)) + 1, 1, 64)),
+          colonne_(std::clamp(int(larghezza / kDistanza) + 1, 1, 8192) + 2 * margine_),
+          righe_(std::clamp(int(altezza / kDistanza) + 1, 1, 8192) + 2 * margine_),
+          presi_(size_t(colonne_) * size_t(righe_)) {}
+
     bool Prendi(double x, double y) {
-        const qint64 cx = qint64(std::floor(x / kDistanza)), cy = qint64(std::floor(y / kDistanza));
-        if (presi_.contains(Chiave(cx, cy))) return false;
-        for (qint64 j = cy - 1; j <= cy + 1; ++j)
-            for (qint64 i = cx - 1; i <= cx + 1; ++i) {
-                const auto t = presi_.constFind(Chiave(i, j));
-                if (t != presi_.cend() && std::hypot(t->first - x, t->second - y) < kDistanza)
-                    return false;
+        const double fx = std::floor(x / kDistanza) + margine_,
+                     fy = std::floor(y / kDistanza) + margine_;
+        // Off the cells is off the canvas by more than a marker: nothing to show.
+        if (!(fx >= 0 && fy >= 0 && fx < colonne_ && fy < righe_)) return false;
+        const int cx = int(fx), cy = int(fy);
+        if (presi_[Cella(cx, cy)].preso) return false;
+        for (int j = std::max(cy - 1, 0); j <= std::min(cy + 1, righe_ - 1); ++j)
+            for (int i = std::max(cx - 1, 0); i <= std::min(cx + 1, colonne_ - 1); ++i) {
+                const Posto& t = presi_[Cella(i, j)];
+                const double dx = t.x - x, dy = t.y - y;
+                if (t.preso && dx * dx + dy * dy < kDistanza * kDistanza) return false;
             }
-        presi_.insert(Chiave(cx, cy), {x, y});
+        presi_[Cella(cx, cy)] = {float(x), float(y), true};
         return true;
     }
 
 private:
-    static quint64 Chiave(qint64 i, qint64 j) { return (quint64(i) << 32) ^ quint64(quint32(j)); }
-    QHash<quint64, std::pair<double, double>> presi_;
+    struct Posto {
+        float x = 0, y = 0;
+        bool preso = false;
+    };
+    size_t Cella(int i, int j) const { return size_t(j) * size_t(colonne_) + size_t(i); }
+    int margine_, colonne_, righe_;
+    std::vector<Posto> presi_;
 };
 
 } // namespace
@@ -545,7 +598,7 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         mostra.assign(size_t(g.Punti.size()), 0);
         const double larghezzaPx = larghezzaMm / 25.4 * 1440 / twips;
         PostiNomi posti(larghezzaPx, altezzaPx);
-        PostiSegni segniPosti;
+        PostiSegni segniPosti(larghezzaPx, altezzaPx, raggio / mondoPerPixel + 2);
         auto pixel = [&](const SchedePunti::Scheda& p) {
             return std::pair{(p.x - cx - vis.x0) / mondoPerPixel,
                              (vis.y1 - (p.y - cy)) / mondoPerPixel};
@@ -554,10 +607,11 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         auto prendi = [&](qsizetype i, qint32 lunghezza, quint8 bit) {
             const SchedePunti::Scheda& p = schede[size_t(i)];
             if (lunghezza <= 0 || fuori(p, lunghezza)) return;
+            const auto [x, y] = pixel(p);
+            if (posti.Coperto(x, y)) return;
             const PuntoGrafica& q = g.Punti[i];
             const auto [w, h] =
                 tela.Ingombro(bit == kTesto ? q.Testo : q.Nome, q.Font, p.dimensione * 20 / twips);
-            const auto [x, y] = pixel(p);
             if (posti.Prendi(x, y, w, h, p.angolo)) mostra[size_t(i)] |= bit;
         };
         auto ogni = [&](auto&& f) {

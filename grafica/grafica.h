@@ -246,14 +246,14 @@ public:
             return true;
         }
     };
-    // The width and height in pixels of a text as this Tela sets it, from its upper left corner
-    // before any turn: the thinned picture places names by it. A Tela that does not know the
-    // face says about half the height a character.
+    // The width and height in pixels of a text's line as this Tela sets it, from its upper left
+    // corner before any turn: the thinned picture places names by it. A Tela that does not know
+    // the face says a character is about half as wide as the line is high.
     virtual std::pair<double, double> Ingombro(const QString& testo, const QString& font,
                                                double altezzaPixel) {
         (void)font;
         const double h = std::abs(altezzaPixel);
-        return {double(testo.size()) * h * 0.55, h * 0.9};
+        return {double(testo.size()) * h * 0.55, h};
     }
 
     // False when the Tela cannot say (then the map is left as it is).

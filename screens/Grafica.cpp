@@ -88,6 +88,11 @@ protected:
 
     void mouseReleaseEvent(QMouseEvent*) override { unsetCursor(); }
 
+    // A drawing shown whole stays whole when the window takes another shape.
+    void resizeEvent(QResizeEvent*) override {
+        if (g_.Adattata()) g_.Adatta();
+    }
+
 private:
     Grafica& g_;
     QImage buffer_;
@@ -212,6 +217,7 @@ void Grafica::CambiaOpzione() {
     do {                                                                                           \
         const QSignalBlocker blocco(proposta_);                                                    \
         proposta_->setChecked(modello_.PropostaSiNo);                                              \
+        Adatta();                                                                                  \
         Impagina();                                                                                \
         canvas_->update();                                                                         \
     } while (0)
@@ -270,11 +276,24 @@ void Grafica::BV_Clear() {
     canvas_->update();
 }
 
-void Grafica::BV_ZoomTutto() {
-    // The shape of this canvas, which the fit needs, whatever plot was drawn last.
+void Grafica::Adatta() {
+    // The shape of this canvas, which the fit needs, whatever plot was drawn last: a loader
+    // fits by the shape of the last picture, of this plot or of another.
     if (canvas_->width() > 0 && canvas_->height() > 0)
         modello_.Vista->Rapporto = double(canvas_->width()) / canvas_->height();
     tavolet::BV_ZoomTutto(modello_);
+    const VistaGrafica& v = *modello_.Vista;
+    adattata_ = {v.Altezza, v.CentroX, v.CentroY};
+}
+
+bool Grafica::Adattata() const {
+    const VistaGrafica& v = *modello_.Vista;
+    return v.Altezza == adattata_.altezza && v.CentroX == adattata_.centroX &&
+           v.CentroY == adattata_.centroY;
+}
+
+void Grafica::BV_ZoomTutto() {
+    Adatta();
     BV_RidisegnaGrafica();
 }
 void Grafica::BV_RidisegnaGrafica() {

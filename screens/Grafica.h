@@ -91,6 +91,13 @@ signals:
 private:
     void Impagina(); // the "Grafica"/"Originale" choice
     void CambiaOpzione();
+    // The fit of the whole drawing to the canvas's shape, and whether the view is still the one
+    // it gave (then a canvas of another shape is fitted again).
+    void Adatta();
+    bool Adattata() const;
+    struct {
+        double altezza = 0, centroX = 0, centroY = 0;
+    } adattata_;
     Stato& stato_;
     ModelloGrafica modello_;
     CanvasGrafica* canvas_ = nullptr;

@@ -45,6 +45,7 @@ public:
     struct Faccia {
         QFont font;
         double ascesa = 0;
+        double discesa = 0; // below the baseline
         std::array<Glifo, 256> latini;
         std::unordered_map<char16_t, Glifo> altri; // its glyphs stay where they are
     };
