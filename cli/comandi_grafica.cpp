@@ -108,6 +108,8 @@ const Registra png({{"grafica", "png"},
                         PreparaAmbiente(c.stato);
                         const Opzioni o = LeggiOpzioni(c.argomenti);
                         VistaGrafica vista;
+                        // The loader fits the drawing to the picture's shape.
+                        if (o.altezza > 0) vista.Rapporto = double(o.larghezza) / o.altezza;
                         ModelloGrafica g(&vista);
                         if (const int esito = Carica(c, o, g); esito >= 0) return esito;
                         const QString out = PercorsoArgomento(o.posizionali[1]);

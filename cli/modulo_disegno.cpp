@@ -19,7 +19,10 @@ __attribute__((visibility("default"))) int tavolet_disegna_png(const tavolet::Mo
     if (immagine.isNull()) return 1;
     {
         tavolet::TelaImmagine tela(immagine);
-        tavolet::BV_RidisegnaGrafica(const_cast<tavolet::ModelloGrafica&>(*g), tela);
+        // The picture is for the eye: what would cover itself is thinned, as on screen.
+        tavolet::OpzioniDisegno opzioni;
+        opzioni.dirada = true;
+        tavolet::BV_RidisegnaGrafica(const_cast<tavolet::ModelloGrafica&>(*g), tela, opzioni);
     }
     return immagine.save(*file, "PNG") ? 0 : 1;
 }

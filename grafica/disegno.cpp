@@ -2,6 +2,7 @@
 #include "grafica.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <bit>
 #include <climits>
@@ -317,6 +318,158 @@ void Scoperti(const GrigliaGrafica& q, const Tela::Coperture& mappa, double cx, 
     for (int k : q.lineeGrandi) metti(linee, k);
 }
 
+// The names placed on a thinned picture, as turned rectangles in pixels, in square buckets: a
+// new name is placed only when it crosses none of them. Cells of kCella pixels wholly inside an
+// upright name placed are marked: a name whose corner falls inside such a cell crosses it, and
+// is refused without measuring it (on a whole sheet nearly all are).
+class PostiNomi {
+public:
+    PostiNomi(double larghezza, double altezza)
+        : colonne_(std::clamp(int(larghezza / kLato) + 1, 1, 1024)),
+          righe_(std::clamp(int(altezza / kLato) + 1, 1, 1024)),
+          secchi_(size_t(colonne_) * size_t(righe_)),
+          celleX_(std::clamp(int(larghezza / kCella) + 1, 1, 8192)),
+          celleY_(std::clamp(int(altezza / kCella) + 1, 1, 8192)),
+          coperte_(size_t(celleX_) * size_t(celleY_)) {}
+
+    // True when a name whose upper left corner is (x, y) surely crosses one placed.
+    bool Coperto(double x, double y) const {
+        if (!(x > 0 && y > 0 && x < celleX_ * kCella && y < celleY_ * kCella)) return false;
+        const double fx = x / kCella, fy = y / kCella;
+        const int i = int(fx), j = int(fy);
+        // On a cell's side the name may lie wholly outside it.
+        if (fx == i || fy == j) return false;
+        return coperte_[size_t(j) * size_t(celleX_) + size_t(i)];
+    }
+
+    // The text's box from its upper left corner (x, y), turned by angolo degrees
+    // counterclockwise; true when it was free, and is now taken.
+    bool Prendi(double x, double y, double larghezza, double altezza, double angolo) {
+        const bool dritto = !std::isfinite(angolo) || angolo == 0;
+        const double a = dritto ? 0 : angolo * M_PI / 180;
+        const double ux = std::cos(a), uy = -std::sin(a); // along the text, y down
+        Rettangolo r;
+        r.dritto = dritto;
+        r.v[0] = {x, y};
+        r.v[1] = {x + ux * larghezza, y + uy * larghezza};
+        r.v[2] = {r.v[1][0] - uy * altezza, r.v[1][1] + ux * altezza};
+        r.v[3] = {x - uy * altezza, y + ux * altezza};
+        double x0 = HUGE_VAL, y0 = HUGE_VAL, x1 = -HUGE_VAL, y1 = -HUGE_VAL;
+        for (const auto& p : r.v) {
+            x0 = std::min(x0, p[0]);
+            x1 = std::max(x1, p[0]);
+            y0 = std::min(y0, p[1]);
+            y1 = std::max(y1, p[1]);
+        }
+        if (!(x0 <= x1 && y0 <= y1) || x1 - x0 > 1e6 || y1 - y0 > 1e6) return false;
+        r.x0 = x0;
+        r.y0 = y0;
+        r.x1 = x1;
+        r.y1 = y1;
+        const int c0 = Colonna(x0), c1 = Colonna(x1), r0 = Riga(y0), r1 = Riga(y1);
+        for (int j = r0; j <= r1; ++j)
+            for (int i = c0; i <= c1; ++i)
+                for (int k : secchi_[size_t(j) * size_t(colonne_) + size_t(i)])
+                    if (Incrociano(r, presi_[size_t(k)])) return false;
+        const int indice = int(presi_.size());
+        presi_.push_back(r);
+        for (int j = r0; j <= r1; ++j)
+            for (int i = c0; i <= c1; ++i)
+                secchi_[size_t(j) * size_t(colonne_) + size_t(i)].push_back(indice);
+        if (dritto) {
+            // The cells wholly inside the box.
+            auto cella = [](double v, int n) { return int(std::clamp(v, 0.0, double(n))); };
+            const int i0 = cella(std::ceil(x0 / kCella), celleX_);
+            const int i1 = cella(std::floor(x1 / kCella), celleX_);
+            const int j0 = cella(std::ceil(y0 / kCella), celleY_);
+            const int j1 = cella(std::floor(y1 / kCella), celleY_);
+            for (int j = j0; j < j1; ++j)
+                for (int i = i0; i < i1; ++i) coperte_[size_t(j) * size_t(celleX_) + size_t(i)] = 1;
+        }
+        return true;
+    }
+
+private:
+    static constexpr double kLato = 32, kCella = 4;
+    struct Rettangolo {
+        std::array<std::array<double, 2>, 4> v;
+        double x0, y0, x1, y1; // the upright box around it
+        bool dritto;
+    };
+    int Colonna(double x) const {
+        return int(std::clamp(std::floor(x / kLato), 0.0, colonne_ - 1.0));
+    }
+    int Riga(double y) const { return int(std::clamp(std::floor(y / kLato), 0.0, righe_ - 1.0)); }
+    // Two convex quadrilaterals cross unless a side of one separates them.
+    static bool Separa(const Rettangolo& a, const Rettangolo& b) {
+        for (int i = 0; i < 4; ++i) {
+            const auto& p = a.v[size_t(i)];
+            const auto& q = a.v[size_t((i + 1) % 4)];
+            const double nx = q[1] - p[1], ny = p[0] - q[0];
+            double aMin = HUGE_VAL, aMax = -HUGE_VAL, bMin = HUGE_VAL, bMax = -HUGE_VAL;
+            for (int k = 0; k < 4; ++k) {
+                const double pa = a.v[size_t(k)][0] * nx + a.v[size_t(k)][1] * ny;
+                const double pb = b.v[size_t(k)][0] * nx + b.v[size_t(k)][1] * ny;
+                aMin = std::min(aMin, pa);
+                aMax = std::max(aMax, pa);
+                bMin = std::min(bMin, pb);
+                bMax = std::max(bMax, pb);
+            }
+            if (aMax <= bMin || bMax <= aMin) return true;
+        }
+        return false;
+    }
+    static bool Incrociano(const Rettangolo& a, const Rettangolo& b) {
+        // Apart by their upright boxes; two upright texts are their boxes.
+        if (a.x1 <= b.x0 || b.x1 <= a.x0 || a.y1 <= b.y0 || b.y1 <= a.y0) return false;
+        if (a.dritto && b.dritto) return true;
+        return !Separa(a, b) && !Separa(b, a);
+    }
+    int colonne_, righe_;
+    std::vector<std::vector<int>> secchi_;
+    std::vector<Rettangolo> presi_;
+    int celleX_, celleY_;
+    std::vector<quint8> coperte_;
+};
+
+// The vertex markers placed on a thinned picture, in cells of kDistanza pixels over the canvas
+// and a margin: one a cell, and none within kDistanza of another.
+class PostiSegni {
+public:
+    static constexpr double kDistanza = 4;
+    PostiSegni(double larghezza, double altezza, double margine)
+        : margine_(std::clamp(int(std::ceil(margine / kDistanza)) + 1, 1, 64)),
+          colonne_(std::clamp(int(larghezza / kDistanza) + 1, 1, 8192) + 2 * margine_),
+          righe_(std::clamp(int(altezza / kDistanza) + 1, 1, 8192) + 2 * margine_),
+          presi_(size_t(colonne_) * size_t(righe_)) {}
+
+    bool Prendi(double x, double y) {
+        const double fx = std::floor(x / kDistanza) + margine_,
+                     fy = std::floor(y / kDistanza) + margine_;
+        // Off the cells is off the canvas by more than a marker: nothing to show.
+        if (!(fx >= 0 && fy >= 0 && fx < colonne_ && fy < righe_)) return false;
+        const int cx = int(fx), cy = int(fy);
+        if (presi_[Cella(cx, cy)].preso) return false;
+        for (int j = std::max(cy - 1, 0); j <= std::min(cy + 1, righe_ - 1); ++j)
+            for (int i = std::max(cx - 1, 0); i <= std::min(cx + 1, colonne_ - 1); ++i) {
+                const Posto& t = presi_[Cella(i, j)];
+                const double dx = t.x - x, dy = t.y - y;
+                if (t.preso && dx * dx + dy * dy < kDistanza * kDistanza) return false;
+            }
+        presi_[Cella(cx, cy)] = {float(x), float(y), true};
+        return true;
+    }
+
+private:
+    struct Posto {
+        float x = 0, y = 0;
+        bool preso = false;
+    };
+    size_t Cella(int i, int j) const { return size_t(j) * size_t(colonne_) + size_t(i); }
+    int margine_, colonne_, righe_;
+    std::vector<Posto> presi_;
+};
+
 } // namespace
 
 void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) {
@@ -383,6 +536,13 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
         }
     };
 
+    // A thinned picture: which markers and which texts are placed, chosen before any stroke
+    // (the names by rank, each only where it covers none placed before it), so that the passes
+    // in either order draw the same ones. Bits per point: 1 marker, 2 name, 4 toponym's text.
+    enum : quint8 { kSegno = 1, kNome = 2, kTesto = 4 };
+    std::vector<quint8> mostra;
+    const bool dirada = opzioni.dirada;
+
     auto linee = [&] {
         auto linea = [&](const LineaGrafica& l, qsizetype) {
             const double x1 = l.X1 - cx, y1 = l.Y1 - cy, x2 = l.X2 - cx, y2 = l.Y2 - cy;
@@ -406,6 +566,7 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
     auto segni = [&] {
         auto segno = [&](const PuntoGrafica&, qsizetype i) {
             if (tipo[size_t(i)] != SchedePunti::kNumerato) return;
+            if (dirada && !(mostra[size_t(i)] & kSegno)) return;
             const SchedePunti::Scheda& p = schede[size_t(i)];
             if (!(v.XMin < p.x && p.x < v.XMax && v.YMin < p.y && p.y < v.YMax)) return;
             const double x = p.x - cx, y = p.y - cy;
@@ -433,11 +594,65 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
                          mondoPerPixel);
         return !std::isfinite(portata) || !vis.Tocca(x, y, x, y, portata);
     };
+    if (dirada) {
+        mostra.assign(size_t(g.Punti.size()), 0);
+        const double larghezzaPx = larghezzaMm / 25.4 * 1440 / twips;
+        PostiNomi posti(larghezzaPx, altezzaPx);
+        PostiSegni segniPosti(larghezzaPx, altezzaPx, raggio / mondoPerPixel + 2);
+        auto pixel = [&](const SchedePunti::Scheda& p) {
+            return std::pair{(p.x - cx - vis.x0) / mondoPerPixel,
+                             (vis.y1 - (p.y - cy)) / mondoPerPixel};
+        };
+        // Each text takes the room the Tela gives it in its face.
+        auto prendi = [&](qsizetype i, qint32 lunghezza, quint8 bit) {
+            const SchedePunti::Scheda& p = schede[size_t(i)];
+            if (lunghezza <= 0 || fuori(p, lunghezza)) return;
+            const auto [x, y] = pixel(p);
+            if (posti.Coperto(x, y)) return;
+            const PuntoGrafica& q = g.Punti[i];
+            const auto [w, h] =
+                tela.Ingombro(bit == kTesto ? q.Testo : q.Nome, q.Font, p.dimensione * 20 / twips);
+            if (posti.Prendi(x, y, w, h, p.angolo)) mostra[size_t(i)] |= bit;
+        };
+        auto ogni = [&](auto&& f) {
+            if (parte)
+                for (int i : soloPunti) f(qsizetype(i));
+            else
+                for (qsizetype i = 0; i < g.Punti.size(); ++i) f(i);
+        };
+        ogni([&](qsizetype i) {
+            if (tipo[size_t(i)] & SchedePunti::kEtichetta)
+                prendi(i, schede[size_t(i)].lunghezzaNome, kNome);
+        });
+        if (!v.ToponimiNo)
+            ogni([&](qsizetype i) {
+                if (tipo[size_t(i)] & SchedePunti::kToponimo)
+                    prendi(i, schede[size_t(i)].lunghezzaTesto, kTesto);
+            });
+        if (!v.NomiNo)
+            for (const bool fiduciali : {true, false})
+                ogni([&](qsizetype i) {
+                    if (tipo[size_t(i)] != SchedePunti::kNumerato) return;
+                    if (g.Punti[i].Nome.startsWith(QLatin1String("PF")) != fiduciali) return;
+                    prendi(i, schede[size_t(i)].lunghezzaNome, kNome);
+                });
+        ogni([&](qsizetype i) {
+            if (tipo[size_t(i)] != SchedePunti::kNumerato) return;
+            const SchedePunti::Scheda& p = schede[size_t(i)];
+            if (!(v.XMin < p.x && p.x < v.XMax && v.YMin < p.y && p.y < v.YMax)) return;
+            const double x = p.x - cx, y = p.y - cy;
+            if (!Finito(x, y) || !vis.Tocca(x, y, x, y, raggio + 2 * mondoPerPixel)) return;
+            const auto [px, py] = pixel(p);
+            if (segniPosti.Prendi(px, py)) mostra[size_t(i)] |= kSegno;
+        });
+    }
+
     // The records' texts are read only by a Tela that has not seen them before.
     auto testi = [&](quint8 quale, bool toponimi) {
         perOgni(g.Punti, soloPunti, [&](const PuntoGrafica& q, qsizetype i) {
             if (quale ? !(tipo[size_t(i)] & quale) : tipo[size_t(i)] != SchedePunti::kNumerato)
                 return;
+            if (dirada && !(mostra[size_t(i)] & (toponimi ? kTesto : kNome))) return;
             const SchedePunti::Scheda& p = schede[size_t(i)];
             if (fuori(p, toponimi ? p.lunghezzaTesto : p.lunghezzaNome)) return;
             tela.TestoNoto({toponimi ? sp.serieTesti : sp.serieNomi, i}, p.x - cx, p.y - cy,

@@ -13,7 +13,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace tavolet {
@@ -244,6 +246,16 @@ public:
             return true;
         }
     };
+    // The width and height in pixels of a text's line as this Tela sets it, from its upper left
+    // corner before any turn: the thinned picture places names by it. A Tela that does not know
+    // the face says a character is about half as wide as the line is high.
+    virtual std::pair<double, double> Ingombro(const QString& testo, const QString& font,
+                                               double altezzaPixel) {
+        (void)font;
+        const double h = std::abs(altezzaPixel);
+        return {double(testo.size()) * h * 0.55, h};
+    }
+
     // False when the Tela cannot say (then the map is left as it is).
     virtual bool MappaCoperture(Coperture& mappa) {
         (void)mappa;
@@ -261,6 +273,10 @@ struct OpzioniDisegno {
     bool griglia = true;
     // Give the strokes from the last to a Tela that can lay them underneath (the same picture).
     bool rovescio = true;
+    // For the eye on a screen: a name only where it covers no name already placed (parcel
+    // labels first, then toponyms, fiducial points, vertices), a vertex marker only a few pixels
+    // away from the markers placed; the lines all. False: every record, as the exporters.
+    bool dirada = false;
 };
 
 // The four passes of the redraw: lines, markers, toponyms, names, parcel labels.

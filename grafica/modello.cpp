@@ -2,6 +2,7 @@
 #include "grafica.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "stato.h"
 #include "testo.h"
@@ -201,6 +202,10 @@ void BV_ZoomTutto(ModelloGrafica& g) {
     v.CentroX = (v.XMax + v.XMin) / 2;
     v.CentroY = (v.YMax + v.YMin) / 2;
     v.Altezza = std::max(v.LarghezzaX, v.LarghezzaY);
+    // A canvas narrower than high shows less width than height: the height grows until the
+    // whole width fits. A wider canvas shows the larger extent whole already.
+    if (v.Rapporto > 0 && v.Rapporto < 1 && std::isfinite(v.LarghezzaX / v.Rapporto))
+        v.Altezza = std::max(v.Altezza, v.LarghezzaX / v.Rapporto);
 }
 
 void BV_ZoomPiu(ModelloGrafica& g) {

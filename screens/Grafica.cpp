@@ -53,7 +53,7 @@ protected:
         if (buffer_.size() != pixel) buffer_ = QImage(pixel, QImage::Format_RGB32);
         {
             TelaImmagine tela(buffer_, logicalDpiY() * dpr, &glifi_);
-            BV_RidisegnaGrafica(g_.modello_, tela);
+            BV_RidisegnaGrafica(g_.modello_, tela, g_.OpzioniSchermo());
         }
         buffer_.setDevicePixelRatio(dpr);
         QPainter p(this);
@@ -88,6 +88,11 @@ protected:
 
     void mouseReleaseEvent(QMouseEvent*) override { unsetCursor(); }
 
+    // A drawing shown whole stays whole when the window takes another shape.
+    void resizeEvent(QResizeEvent*) override {
+        if (g_.Adattata()) g_.Adatta();
+    }
+
 private:
     Grafica& g_;
     QImage buffer_;
@@ -105,12 +110,14 @@ Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato)
     toponimiNo_ = new QCheckBox(QStringLiteral("Toponimi No"), this);
     pfNo_ = new QCheckBox(QStringLiteral("PF No"), this);
     proposta_ = new QCheckBox(QStringLiteral("Proposta"), this);
+    tuttiNomi_ = new QCheckBox(QStringLiteral("Tutti i nomi"), this);
+    tuttiNomi_->setToolTip(QStringLiteral("Disegna ogni nome e ogni segno, anche dove si coprono"));
     nomiNo_->setChecked(modello_.Vista->NomiNo);
     toponimiNo_->setChecked(modello_.Vista->ToponimiNo);
     pfNo_->setChecked(modello_.Vista->PFNo);
     proposta_->setChecked(modello_.PropostaSiNo);
     for (QWidget* w : std::initializer_list<QWidget*>{opzGrafica_, opzOriginale_, nomiNo_,
-                                                      toponimiNo_, pfNo_, proposta_})
+                                                      toponimiNo_, pfNo_, proposta_, tuttiNomi_})
         alto->addWidget(w);
     alto->addStretch();
 
@@ -176,6 +183,7 @@ Grafica::Grafica(Stato& stato, QWidget* parent) : QWidget(parent), stato_(stato)
     connect(opzOriginale_, &QRadioButton::toggled, this, [this] { Impagina(); });
     for (QCheckBox* c : {nomiNo_, toponimiNo_, pfNo_})
         connect(c, &QCheckBox::toggled, this, [this] { CambiaOpzione(); });
+    connect(tuttiNomi_, &QCheckBox::toggled, canvas_, qOverload<>(&QWidget::update));
     connect(proposta_, &QCheckBox::toggled, this, [this] {
         modello_.PropostaSiNo = proposta_->isChecked();
         GeneraGrafica();
@@ -209,6 +217,7 @@ void Grafica::CambiaOpzione() {
     do {                                                                                           \
         const QSignalBlocker blocco(proposta_);                                                    \
         proposta_->setChecked(modello_.PropostaSiNo);                                              \
+        Adatta();                                                                                  \
         Impagina();                                                                                \
         canvas_->update();                                                                         \
     } while (0)
@@ -267,8 +276,24 @@ void Grafica::BV_Clear() {
     canvas_->update();
 }
 
-void Grafica::BV_ZoomTutto() {
+void Grafica::Adatta() {
+    // The shape of this canvas, which the fit needs, whatever plot was drawn last: a loader
+    // fits by the shape of the last picture, of this plot or of another.
+    if (canvas_->width() > 0 && canvas_->height() > 0)
+        modello_.Vista->Rapporto = double(canvas_->width()) / canvas_->height();
     tavolet::BV_ZoomTutto(modello_);
+    const VistaGrafica& v = *modello_.Vista;
+    adattata_ = {v.Altezza, v.CentroX, v.CentroY};
+}
+
+bool Grafica::Adattata() const {
+    const VistaGrafica& v = *modello_.Vista;
+    return v.Altezza == adattata_.altezza && v.CentroX == adattata_.centroX &&
+           v.CentroY == adattata_.centroY;
+}
+
+void Grafica::BV_ZoomTutto() {
+    Adatta();
     BV_RidisegnaGrafica();
 }
 void Grafica::BV_RidisegnaGrafica() {
@@ -304,11 +329,17 @@ void Grafica::CentraMouse(double x, double y) {
     BV_RidisegnaGrafica();
 }
 
+OpzioniDisegno Grafica::OpzioniSchermo() const {
+    OpzioniDisegno o;
+    o.dirada = !tuttiNomi_->isChecked();
+    return o;
+}
+
 QImage Grafica::Immagine() const {
     QImage immagine(canvas_->size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
     {
         TelaImmagine tela(immagine, canvas_->logicalDpiY());
-        tavolet::BV_RidisegnaGrafica(const_cast<ModelloGrafica&>(modello_), tela);
+        tavolet::BV_RidisegnaGrafica(const_cast<ModelloGrafica&>(modello_), tela, OpzioniSchermo());
     }
     return immagine;
 }

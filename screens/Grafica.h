@@ -91,6 +91,13 @@ signals:
 private:
     void Impagina(); // the "Grafica"/"Originale" choice
     void CambiaOpzione();
+    // The fit of the whole drawing to the canvas's shape, and whether the view is still the one
+    // it gave (then a canvas of another shape is fitted again).
+    void Adatta();
+    bool Adattata() const;
+    struct {
+        double altezza = 0, centroX = 0, centroY = 0;
+    } adattata_;
     Stato& stato_;
     ModelloGrafica modello_;
     CanvasGrafica* canvas_ = nullptr;
@@ -98,6 +105,9 @@ private:
     QRadioButton* opzGrafica_ = nullptr;
     QRadioButton* opzOriginale_ = nullptr;
     QCheckBox *nomiNo_ = nullptr, *toponimiNo_ = nullptr, *pfNo_ = nullptr, *proposta_ = nullptr;
+    // Unticked, the picture on screen thins what would cover itself; ticked, every name.
+    QCheckBox* tuttiNomi_ = nullptr;
+    OpzioniDisegno OpzioniSchermo() const;
     QWidget* pulsanti_ = nullptr;
     QLabel* etichetta1_ = nullptr;
     QLabel* etichetta2_ = nullptr;

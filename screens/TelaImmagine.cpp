@@ -79,7 +79,9 @@ CacheGlifi::Faccia& CacheGlifi::Di(const QString& faccia, int pixel) {
     // Set without smoothing, as the picture box of old drew it: a pixel of a glyph is ink or
     // not, which also lets a turned name be drawn from the same glyphs.
     f->font.setStyleStrategy(QFont::NoAntialias);
-    f->ascesa = QFontMetricsF(f->font).ascent();
+    const QFontMetricsF metriche(f->font);
+    f->ascesa = metriche.ascent();
+    f->discesa = metriche.descent();
     facce_.insert(ChiaveFaccia{faccia, pixel}, f);
     return *f;
 }
@@ -907,6 +909,16 @@ void TelaImmagine::Testo(double x, double y, const QString& testo, const QString
     if (!dritto) p.rotate(-angolo);
     p.drawText(QPointF(0, f.ascesa), testo);
     p.restore();
+}
+
+// The advances of the glyphs the Tela sets, and the height of the face's line, above and below
+// the baseline.
+std::pair<double, double> TelaImmagine::Ingombro(const QString& testo, const QString& font,
+                                                 double altezzaPixel) {
+    CacheGlifi::Faccia& f = FacciaDi(font, PixelDi(altezzaPixel));
+    double w = 0;
+    for (const QChar c : testo) w += glifi_->GlifoDi(f, c.unicode()).avanzamento;
+    return {w, f.ascesa + f.discesa};
 }
 
 } // namespace tavolet

@@ -45,6 +45,7 @@ public:
     struct Faccia {
         QFont font;
         double ascesa = 0;
+        double discesa = 0; // below the baseline
         std::array<Glifo, 256> latini;
         std::unordered_map<char16_t, Glifo> altri; // its glyphs stay where they are
     };
@@ -106,6 +107,8 @@ public:
     bool IniziaAlRovescio() override;
     bool FinisciAlRovescio() override;
     bool MappaCoperture(Coperture& mappa) override;
+    std::pair<double, double> Ingombro(const QString& testo, const QString& font,
+                                       double altezzaPixel) override;
     void UsaRovescio(bool si) { rovescioAmmesso_ = si; }
 
     // A colour of the QB palette: its pixel and its place in the palette.

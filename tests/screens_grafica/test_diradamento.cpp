@@ -1,0 +1,292 @@
+// The thinned picture of the screen: no name over another at any zoom, markers a few pixels
+// apart, no upright name turned, and where nothing would overlap the very picture of every
+// record. The overlap is judged by Qt's own metrics and polygon clipping, not by the plot's.
+#include "Grafica.h"
+#include "TelaImmagine.h"
+#include "generatore.h"
+#include "supporto.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPolygonF>
+#include <QTransform>
+
+#include <array>
+#include <cmath>
+
+using namespace tavolet;
+using namespace tavolet::test;
+
+namespace {
+
+struct Scritto {
+    QPointF punto;
+    QString testo, font;
+    double altezza, angolo;
+};
+
+// The image Tela that also keeps what it was given to draw, in pixels.
+struct TelaContata : TelaImmagine {
+    using TelaImmagine::TelaImmagine;
+    QList<Scritto> scritti;
+    QList<QPointF> segni;
+    double ox = 0, oy = 0, scala = 1, pixelAlti = 1;
+    void Scala(double x1, double y1, double x2, double y2) override {
+        TelaImmagine::Scala(x1, y1, x2, y2);
+        ox = x1;
+        oy = y1;
+        scala = pixelAlti / (y1 - y2);
+    }
+    QPointF Pixel(double x, double y) const { return {(x - ox) * scala, (oy - y) * scala}; }
+    void TestoNoto(ChiaveTesto c, double x, double y, const QString& t, const QString& f, double h,
+                   double a, int colore) override {
+        scritti.append({Pixel(x, y), t, f, h, a});
+        TelaImmagine::TestoNoto(c, x, y, t, f, h, a, colore);
+    }
+    void Cerchio(double x, double y, double r, int colore) override {
+        segni.append(Pixel(x, y));
+        TelaImmagine::Cerchio(x, y, r, colore);
+    }
+};
+
+struct Disegno {
+    QImage immagine;
+    QList<Scritto> scritti;
+    QList<QPointF> segni;
+};
+
+Disegno Disegna(ModelloGrafica& g, bool dirada) {
+    Disegno d;
+    d.immagine = QImage(1280, 800, QImage::Format_RGB32);
+    {
+        TelaContata tela(d.immagine);
+        tela.pixelAlti = d.immagine.height();
+        OpzioniDisegno o;
+        o.dirada = dirada;
+        BV_RidisegnaGrafica(g, tela, o);
+        d.scritti = tela.scritti;
+        d.segni = tela.segni;
+    } // the pixels are written when the Tela ends
+    return d;
+}
+
+// The cell of a text in the face and size it was set in, turned around its upper left corner.
+QPolygonF Scatola(const Scritto& s) {
+    QFont f(s.font);
+    f.setPixelSize(std::clamp(int(std::lround(std::abs(s.altezza))), 1, 2000));
+    const QFontMetricsF m(f);
+    QTransform t;
+    t.translate(s.punto.x(), s.punto.y());
+    t.rotate(-s.angolo);
+    return t.map(QPolygonF(QRectF(0, 0, m.horizontalAdvance(s.testo), m.ascent() + m.descent())));
+}
+
+double Area(const QPolygonF& p) {
+    double a = 0;
+    for (qsizetype i = 0; i + 1 < p.size(); ++i)
+        a += p[i].x() * p[i + 1].y() - p[i + 1].x() * p[i].y();
+    return std::abs(a) / 2;
+}
+
+// Pairs of texts whose cells share more than a pixel of area.
+int Sovrapposti(const QList<QPolygonF>& scatole) {
+    QList<qsizetype> ordine;
+    for (qsizetype i = 0; i < scatole.size(); ++i) ordine << i;
+    std::sort(ordine.begin(), ordine.end(), [&](qsizetype a, qsizetype b) {
+        return scatole[a].boundingRect().left() < scatole[b].boundingRect().left();
+    });
+    int n = 0;
+    for (qsizetype i = 0; i < ordine.size(); ++i) {
+        const QPolygonF& a = scatole[ordine[i]];
+        for (qsizetype j = i + 1; j < ordine.size(); ++j) {
+            const QPolygonF& b = scatole[ordine[j]];
+            if (b.boundingRect().left() >= a.boundingRect().right()) break;
+            n += Area(a.intersected(b)) > 1;
+        }
+    }
+    return n;
+}
+
+void Carica(ModelloGrafica& g, const QStringList& righe) {
+    PiattaformaFinta p;
+    Stato s(p);
+    CaricaRigheEstratto(s, g, righe);
+    GeneraGrafica(s, g);
+}
+
+} // namespace
+
+TEST(Diradamento, NessunNomeSuUnAltroATreZoom) {
+    OpzioniEstratto o;
+    o.vertici = 100000;
+    VistaGrafica vista;
+    ModelloGrafica g(&vista);
+    Carica(g, GeneraEstratto(o).split("\r\n"));
+    const double tutto = vista.Altezza;
+    int girati = 0;
+    for (const double zoom : {1.0, 0.1, 0.01}) {
+        vista.Altezza = tutto * zoom;
+        const Disegno ogni = Disegna(g, false);
+        const Disegno d = Disegna(g, true);
+        // Every text is one of the picture of every record, turned as there: upright names stay
+        // upright, toponyms keep their angle.
+        QHash<QString, double> angoli;
+        for (const Scritto& s : ogni.scritti)
+            angoli.insert(s.testo + QString::asprintf("@%.1f,%.1f", s.punto.x(), s.punto.y()),
+                          s.angolo);
+        QList<QPolygonF> scatole;
+        for (const Scritto& s : d.scritti) {
+            const QString k = s.testo + QString::asprintf("@%.1f,%.1f", s.punto.x(), s.punto.y());
+            ASSERT_TRUE(angoli.contains(k)) << zoom << ": " << k.toStdString();
+            EXPECT_EQ(angoli.value(k), s.angolo) << zoom << ": " << k.toStdString();
+            girati += s.angolo != 0;
+            scatole << Scatola(s);
+        }
+        EXPECT_EQ(Sovrapposti(scatole), 0) << zoom;
+        // Markers: none closer than three pixels to another.
+        QList<QPointF> segni = d.segni;
+        std::sort(segni.begin(), segni.end(),
+                  [](const QPointF& a, const QPointF& b) { return a.x() < b.x(); });
+        for (qsizetype i = 0; i < segni.size(); ++i)
+            for (qsizetype j = i + 1; j < segni.size() && segni[j].x() - segni[i].x() < 3; ++j)
+                ASSERT_GE(std::hypot(segni[j].x() - segni[i].x(), segni[j].y() - segni[i].y()), 3)
+                    << zoom;
+        // Thinned, not emptied: names, turned toponyms among them, and markers.
+        EXPECT_GT(d.scritti.size(), 20) << zoom;
+        EXPECT_GT(d.segni.size(), 0) << zoom;
+        if (zoom == 1.0) {
+            EXPECT_LT(d.scritti.size(), ogni.scritti.size() / 10);
+        }
+    }
+    EXPECT_GT(girati, 0);
+}
+
+TEST(Diradamento, DoveNullaSiCopreLImmagineEQuellaDiTutto) {
+    // Names and markers well apart, lines between them, a turned label: the very same pixels.
+    VistaGrafica vista;
+    ModelloGrafica g(&vista);
+    for (int r = 0; r < 12; ++r)
+        for (int c = 0; c < 20; ++c) {
+            BV_AggiungiPuntoGraf(g, QString::number(r * 20 + c + 1), c * 100.0, r * 100.0, 0, "",
+                                 r % 16, 0, "Arial", 8);
+            if (c > 0)
+                BV_AggiungiLineaGraf(g, (c - 1) * 100.0, r * 100.0, 0, c * 100.0, r * 100.0, 0, 0,
+                                     1, 0);
+        }
+    BV_AggiungiPuntoGraf(g, " 12", 550, 550, 0, "", 4, 30, "Arial", 10);
+    BV_AggiungiPuntoGraf(g, "STRADAT", 1250, 350, 0, "Via Roma", 1, 0, "Arial", 9);
+    BV_ZoomTutto(g);
+    const Disegno tutti = Disegna(g, false);
+    const Disegno diradata = Disegna(g, true);
+    EXPECT_EQ(diradata.scritti.size(), tutti.scritti.size());
+    EXPECT_EQ(diradata.segni.size(), tutti.segni.size());
+    EXPECT_EQ(diradata.immagine, tutti.immagine);
+}
+
+TEST(Diradamento, LEstrattoDemoCambiaSoloDoveINomiSiCoprivano) {
+    const QString emp =
+        qEnvironmentVariable("TAVOLET_DEMO") + "/drive_c/pregeo/estratti/A001_00120.EMP";
+    VistaGrafica vista;
+    ModelloGrafica g(&vista);
+    Carica(g, QString::fromLatin1(LeggiFile(emp)).split("\r\n"));
+    const Disegno tutti = Disegna(g, false);
+    const Disegno diradata = Disegna(g, true);
+    diradata.immagine.save(QDir::temp().filePath("tavolet_demo_diradata.png"));
+    tutti.immagine.save(QDir::temp().filePath("tavolet_demo_tutti.png"));
+    ASSERT_GT(tutti.scritti.size(), 0);
+    // Each name left out covered a name that is kept; the pixels that differ lie where a name
+    // or a marker was left out.
+    auto presente = [&](const Scritto& a) {
+        for (const Scritto& b : diradata.scritti)
+            if (b.punto == a.punto && b.testo == a.testo && b.angolo == a.angolo) return true;
+        return false;
+    };
+    QList<QRectF> tolti;
+    for (const Scritto& sc : tutti.scritti) {
+        if (presente(sc)) continue;
+        const QPolygonF s = Scatola(sc);
+        bool copriva = false;
+        for (const Scritto& b : diradata.scritti)
+            copriva = copriva || Area(s.intersected(Scatola(b))) > 0;
+        EXPECT_TRUE(copriva) << sc.testo.toStdString();
+        tolti << s.boundingRect().adjusted(-3, -3, 3, 3);
+    }
+    for (const QPointF& q : tutti.segni)
+        if (!diradata.segni.contains(q)) tolti << QRectF(q - QPointF(6, 6), QSizeF(12, 12));
+    int diversi = 0;
+    for (int y = 0; y < tutti.immagine.height(); ++y)
+        for (int x = 0; x < tutti.immagine.width(); ++x) {
+            if (tutti.immagine.pixel(x, y) == diradata.immagine.pixel(x, y)) continue;
+            ++diversi;
+            bool spiegato = false;
+            for (const QRectF& r : tolti) spiegato = spiegato || r.contains(x + 0.5, y + 0.5);
+            ASSERT_TRUE(spiegato) << x << ' ' << y;
+        }
+    EXPECT_EQ(diversi == 0, tolti.isEmpty());
+}
+
+TEST(Diradamento, ZoomTuttoMostraIlDisegnoInteroInOgniFinestra) {
+    // A green frame with a point at each corner: fitted in a window wider than high, then made
+    // higher than wide, square, wide again, the frame is whole on the canvas and centred.
+    PiattaformaFinta p;
+    Stato s(p);
+    Grafica w(s);
+    for (const QRectF disegno :
+         {QRectF(1000, 2000, 800, 100), QRectF(-50, -50, 60, 600), QRectF(0, 0, 300, 300)}) {
+        w.BV_Clear();
+        const std::array<QPointF, 4> v{disegno.topLeft(), disegno.topRight(), disegno.bottomRight(),
+                                       disegno.bottomLeft()};
+        for (size_t i = 0; i < 4; ++i) {
+            w.BV_AggiungiPuntoGraf(QString::number(i + 1), v[i].x(), v[i].y(), 0, "", 0, 0, "Arial",
+                                   8);
+            const QPointF& b = v[(i + 1) % 4];
+            w.BV_AggiungiLineaGraf(v[i].x(), v[i].y(), 0, b.x(), b.y(), 0, 10, 1, 0);
+        }
+        bool primo = true;
+        for (const QSize finestra :
+             {QSize(1200, 500), QSize(500, 900), QSize(700, 700), QSize(1300, 450)}) {
+            w.resize(finestra);
+            w.show();
+            QApplication::processEvents();
+            if (primo) w.BV_ZoomTutto();
+            primo = false;
+            const QImage img = w.Immagine();
+            auto verde = [&](int x, int y) { return (img.pixel(x, y) & 0xFFFFFF) == 0x00FF00; };
+            int x0 = img.width(), y0 = img.height(), x1 = -1, y1 = -1;
+            for (int y = 0; y < img.height(); ++y)
+                for (int x = 0; x < img.width(); ++x)
+                    if (verde(x, y)) {
+                        x0 = std::min(x0, x);
+                        x1 = std::max(x1, x);
+                        y0 = std::min(y0, y);
+                        y1 = std::max(y1, y);
+                    }
+            const std::string caso = QString("%1x%2, %3x%4")
+                                         .arg(img.width())
+                                         .arg(img.height())
+                                         .arg(disegno.width())
+                                         .arg(disegno.height())
+                                         .toStdString();
+            ASSERT_GT(x1, x0) << caso;
+            // Each side whole: its line runs from corner to corner, but where a corner's marker
+            // sits.
+            int sinistra = 0, destra = 0, sopra = 0, sotto = 0;
+            for (int y = y0; y <= y1; ++y) {
+                sinistra += verde(x0, y);
+                destra += verde(x1, y);
+            }
+            for (int x = x0; x <= x1; ++x) {
+                sopra += verde(x, y0);
+                sotto += verde(x, y1);
+            }
+            EXPECT_GE(sinistra, (y1 - y0) * 8 / 10) << caso;
+            EXPECT_GE(destra, (y1 - y0) * 8 / 10) << caso;
+            EXPECT_GE(sopra, (x1 - x0) * 8 / 10) << caso;
+            EXPECT_GE(sotto, (x1 - x0) * 8 / 10) << caso;
+            EXPECT_NEAR(x0 + x1, img.width(), 3) << caso;
+            EXPECT_NEAR(y0 + y1, img.height(), 3) << caso;
+        }
+    }
+}
