@@ -39,6 +39,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -338,8 +339,16 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
         utilita->addWidget(b, n / 2, n % 2);
         ++n;
     }
-    pannelloUtilita_->setVisible(false);
-    destra->addWidget(pannelloUtilita_);
+    // In a scroll area of its own: on a small screen the buttons scroll inside the room the
+    // save options had, and the form never grows past the bottom of the screen.
+    scorriUtilita_ = new QScrollArea;
+    scorriUtilita_->setObjectName(QStringLiteral("ScorriUtilita"));
+    scorriUtilita_->setFrameShape(QFrame::NoFrame);
+    scorriUtilita_->setWidgetResizable(true);
+    scorriUtilita_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scorriUtilita_->setWidget(pannelloUtilita_);
+    scorriUtilita_->setVisible(false);
+    destra->addWidget(scorriUtilita_, 3);
 
     opzioniBox_ = new QGroupBox(QStringLiteral("Opzioni di Salvataggio in Pregeo"));
     auto* opzioniBox = opzioniBox_;
@@ -400,7 +409,7 @@ void BV_LibrettoOriginale::CostruisciPannelli() {
 // panel added below them pushed past the bottom of a small screen.
 void BV_LibrettoOriginale::MostraPannelloUtilita(bool visibile) {
     opzioniBox_->setVisible(!visibile);
-    pannelloUtilita_->setVisible(visibile);
+    scorriUtilita_->setVisible(visibile);
 }
 
 QPushButton* BV_LibrettoOriginale::Pulsante(const QString& caption) const {

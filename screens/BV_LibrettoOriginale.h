@@ -9,6 +9,7 @@
 
 class QAction;
 class QFrame;
+class QScrollArea;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
@@ -119,6 +120,7 @@ private:
     QLineEdit* codiceFiscale_ = nullptr;
     QPlainTextEdit* possessori_ = nullptr;
     QFrame* pannelloUtilita_ = nullptr;
+    QScrollArea* scorriUtilita_ = nullptr;
     QGroupBox* opzioniBox_ = nullptr;
     QListWidget* opzioni_ = nullptr;
     BV_ControlloAtto* controllo_ = nullptr;
