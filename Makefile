@@ -44,9 +44,7 @@ coverage: deps
 	cmake --build build-cov -j $(JOBS)
 	find build-cov -name '*.gcda' -delete
 	cd build-cov && QT_QPA_PLATFORM=offscreen ctest -j $(JOBS) || true
-	gcovr -r . --object-directory build-cov -j $(JOBS) -e 'tests/' -e 'bench/' -e 'fuzz/' \
-		-e 'build[^/]*/' --json-summary-pretty -o build-cov/copertura.json
-	@python3 scripts/copertura.py build-cov/copertura.json | tee build-cov/copertura.txt
+	@bash scripts/copertura.sh build-cov $(JOBS) | tee build-cov/copertura.txt
 
 # Every reader under libFuzzer with the sanitizers, FUZZ_S seconds each (scripts/fuzz.sh).
 fuzz:

@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Prints gcovr's line coverage (its JSON summary) added up per folder of the program."""
+"""Prints gcovr's line coverage (its JSON summaries) added up per folder of the program."""
 import json
 import sys
 from collections import defaultdict
 
-with open(sys.argv[1], encoding="utf-8") as f:
-    riassunto = json.load(f)
 righe = defaultdict(lambda: [0, 0])
-for file in riassunto["files"]:
+file_visti = []
+for nome in sys.argv[1:]:
+    with open(nome, encoding="utf-8") as f:
+        file_visti += json.load(f)["files"]
+for file in file_visti:
     cartella = file["filename"].split("/")[0] if "/" in file["filename"] else "."
     righe[cartella][0] += file["line_covered"]
     righe[cartella][1] += file["line_total"]
