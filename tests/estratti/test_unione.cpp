@@ -131,6 +131,11 @@ TEST(Unione, UgualeAiPassiSempliciAncheSuEstrattiStrani) {
         Confronta(a, b, "estratti " + std::to_string(seme));
         Confronta(a, a, "con se stesso " + std::to_string(seme));
     }
+    // Points far outside the grid of the others, and rows of a kind past 9.
+    const CoppiaEstratti c = GeneraCoppia(7, 60);
+    Confronta(c.base + "8|901%|1e12|-1e12|\r\n12|x|\r\n",
+              c.aggiunto + "8|902%|-3e11|4e11|\r\n8|903%|1e12|-1e12|\r\n", "fuori griglia");
+    Confronta(c.base, "8|1%|5e11|5e11|\r\n" + c.aggiunto, "fuori griglia in testa");
 }
 
 // Hand-made pairs beside the bytes of their join (tests/dati/estratti/unione/LEGGIMI.txt).
