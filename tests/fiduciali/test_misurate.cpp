@@ -65,6 +65,13 @@ TEST_F(Misurate, MessaggiDelDisegno) {
     p.eventi.clear();
     EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, {"0|x|", "2|PF01/0100/A001|"}).isEmpty());
     EXPECT_EQ(p.Messaggi(), QStringList({"MISURATE PF: Nessun PF trovato nel libretto"}));
+    // Fifty-one fiducials are more than the report takes.
+    p.eventi.clear();
+    QStringList molti;
+    for (int i = 1; i <= 51; ++i)
+        molti << QString("8|PF%1/0100/A001|1|2|").arg(i, 2, 10, QChar('0'));
+    EXPECT_TRUE(CalcolaMisuratePF_DaLibretto(s, molti).isEmpty());
+    EXPECT_EQ(p.Messaggi(), QStringList({"Problema !!: Troppi PF da elaborare"}));
 
     // A province with no archive.
     p.eventi.clear();
