@@ -146,6 +146,8 @@ TEST(BlocchiTag, IngressiRotti) {
     EXPECT_TRUE(LeggiBlocchiTagDaDati("1 0 obj<</Filter/FlateDecode>>stream\nx\x9cGARBAGE\n"
                                       "endstream")
                     .Vuoto());
+    // A "stream" not followed by its line end is a word of the text, not a stream.
+    EXPECT_EQ(LeggiBlocchiTagDaDati("streamline [TAG2000]|2|B|[/TAG]").Testo(2000), "2|B|");
     const QByteArray bomba = "stream\n" + qCompress(QByteArray(1 << 20, '\0'), 9).mid(4);
     EXPECT_TRUE(LeggiBlocchiTagDaDati((bomba + "\nendstream\n").repeated(4)).Vuoto());
 }
