@@ -12,7 +12,7 @@ deps:
 	@bash scripts/dipendenze.sh
 
 configura: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG"
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"
 
 build: configura
 	cmake --build $(BUILD) -j $(JOBS)
@@ -39,7 +39,7 @@ asan: deps
 # Line coverage of the program by the whole suite, per folder (gcovr), on a --coverage Debug build.
 coverage: deps
 	@bash scripts/dipendenze.sh coverage
-	cmake -S . -B build-cov -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=--coverage \
+	cmake -S . -B build-cov -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=--coverage -DTAVOLET_UNITY=OFF \
 		-DCMAKE_EXE_LINKER_FLAGS=--coverage
 	cmake --build build-cov -j $(JOBS)
 	find build-cov -name '*.gcda' -delete

@@ -18,7 +18,6 @@ namespace tavolet {
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
 const QString kBianco = QStringLiteral(" ");
 
 struct Layer {

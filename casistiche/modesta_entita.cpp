@@ -15,8 +15,6 @@ using namespace casistiche;
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
-
 bool StessoPunto(const QStringList& a, const QStringList& b) {
     return a.value(2) == b.value(2) && a.value(3) == b.value(3);
 }

@@ -14,8 +14,6 @@ namespace tavolet {
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
-
 bool ETipoLinea(const QString& campo) {
     return campo == u"RC" || campo == u"NC";
 }

@@ -62,19 +62,20 @@ const Registra lista({{"casistica", "lista"},
                           return ScriviRisultato(c, cas, PercorsoArgomento(a[1]));
                       }});
 
-const Registra dxf({{"casistica", "dxf"},
-                    "IN.DXF OUT.DAT [--casistica N] [--estratto NOME] [--mappali M]",
-                    "libretto ed estratto provvisorio dalle polilinee di un DXF",
-                    2,
-                    [](Contesto& c) {
-                        Casistica cas;
-                        const QStringList a = Opzioni(c, cas);
-                        if (a.size() < 2) return 2;
-                        PreparaCartelle(c);
-                        if (!GeneraLibrettoDaPoliLineeDXF(c.stato, cas, PercorsoArgomento(a[0])))
-                            return 1;
-                        return ScriviRisultato(c, cas, PercorsoArgomento(a[1]));
-                    }});
+const Registra dxf_casistiche({{"casistica", "dxf"},
+                               "IN.DXF OUT.DAT [--casistica N] [--estratto NOME] [--mappali M]",
+                               "libretto ed estratto provvisorio dalle polilinee di un DXF",
+                               2,
+                               [](Contesto& c) {
+                                   Casistica cas;
+                                   const QStringList a = Opzioni(c, cas);
+                                   if (a.size() < 2) return 2;
+                                   PreparaCartelle(c);
+                                   if (!GeneraLibrettoDaPoliLineeDXF(c.stato, cas,
+                                                                     PercorsoArgomento(a[0])))
+                                       return 1;
+                                   return ScriviRisultato(c, cas, PercorsoArgomento(a[1]));
+                               }});
 
 int Trasforma(Contesto& c, void (*trasforma)(QString&), bool perRiga) {
     return ConTrappola(c.stato, QStringLiteral("Proposta"),

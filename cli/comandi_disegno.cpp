@@ -10,7 +10,7 @@ namespace tavolet::cli {
 
 namespace {
 
-const Registra libretto(
+const Registra libretto_disegno(
     {{"disegno", "libretto"},
      "IN.LXC OUT.TXT [--opzioni FILE]",
      "genera il libretto dal disegno IN con le opzioni di FILE (o quelle salvate)",
@@ -38,7 +38,7 @@ const Registra libretto(
          if (EsisteFile(vecchio)) CaricaLibrettoMisure(c.stato);
          CaricaLibrettoInList1(c.stato);
          AggiornaLibrettoMisure(c.stato);
-         const Disegno d = CaricaGrafica(c.stato, in);
+         const auto d = CaricaGrafica(c.stato, in);
          const QStringList linee = RiconosciLinee(d);
          if (linee.isEmpty()) {
              err << "Libretto da Disegno: Non è stata trovata nessuna Stazione nel Disegno!\n";

@@ -13,20 +13,21 @@ bool CaricaLibretto(Contesto& c, const QString& argomento) {
     return CaricaComeTrascinamento(c.stato, PercorsoArgomento(argomento));
 }
 
-const Registra elenco({{"taf", "elenco"},
-                       "FILE.TAF",
-                       "stampa la griglia dei fiduciali del file, colonne separate da |",
-                       1,
-                       [](Contesto& c) {
-                           QList<RigaTaf> righe;
-                           if (!ConTrappola(c.stato, QStringLiteral("BV_ElcoPfGriglia"), [&] {
-                                   righe = LeggiTaf(LeggiTesto(PercorsoArgomento(c.argomenti[0])));
-                               }))
-                               return 1;
-                           for (const QStringList& r : GrigliaTaf(righe))
-                               c.out << r.join(u'|') << '\n';
-                           return 0;
-                       }});
+const Registra
+    elenco_fiduciali({{"taf", "elenco"},
+                      "FILE.TAF",
+                      "stampa la griglia dei fiduciali del file, colonne separate da |",
+                      1,
+                      [](Contesto& c) {
+                          QList<RigaTaf> righe;
+                          if (!ConTrappola(c.stato, QStringLiteral("BV_ElcoPfGriglia"), [&] {
+                                  righe = LeggiTaf(LeggiTesto(PercorsoArgomento(c.argomenti[0])));
+                              }))
+                              return 1;
+                          for (const QStringList& r : GrigliaTaf(righe))
+                              c.out << r.join(u'|') << '\n';
+                          return 0;
+                      }});
 
 const Registra
     righe8({{"taf", "righe8"},

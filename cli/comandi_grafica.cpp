@@ -8,15 +8,15 @@ namespace tavolet::cli {
 
 namespace {
 
-struct Opzioni {
+struct OpzioniGrafica {
     QStringList posizionali;
     qint16 nomiNo = 0, toponimiNo = 0, pfNo = 0, proposta = 0;
     int larghezza = 1280, altezza = 800;
     bool valide = true;
 };
 
-Opzioni LeggiOpzioni(const QStringList& argomenti) {
-    Opzioni o;
+OpzioniGrafica LeggiOpzioni(const QStringList& argomenti) {
+    OpzioniGrafica o;
     for (int i = 0; i < argomenti.size(); ++i) {
         const QString& a = argomenti[i];
         if (a == u"--nomi-no")
@@ -41,7 +41,7 @@ Opzioni LeggiOpzioni(const QStringList& argomenti) {
 }
 
 // Loads IN with the switches; the exit status when that fails, else -1.
-int Carica(Contesto& c, const Opzioni& o, ModelloGrafica& g) {
+int Carica(Contesto& c, const OpzioniGrafica& o, ModelloGrafica& g) {
     if (!o.valide || o.posizionali.size() != 2) {
         c.out.flush();
         return 2;
@@ -69,7 +69,7 @@ Comando Esportatore(const char* parola, const char* descrizione,
             2,
             [esporta](Contesto& c) {
                 PreparaAmbiente(c.stato);
-                const Opzioni o = LeggiOpzioni(c.argomenti);
+                const OpzioniGrafica o = LeggiOpzioni(c.argomenti);
                 VistaGrafica vista;
                 ModelloGrafica g(&vista);
                 if (const int esito = Carica(c, o, g); esito >= 0) return esito;
@@ -77,10 +77,11 @@ Comando Esportatore(const char* parola, const char* descrizione,
             }};
 }
 
-const Registra dxf(Esportatore("dxf", "disegna IN (.EMP, .sur, libretto, .CSV, PDF) in un DXF",
-                               [](Stato& s, const ModelloGrafica& g, const QString& out) {
-                                   return BV_SalvaDXF(s, g, out);
-                               }));
+const Registra dxf_grafica(Esportatore("dxf",
+                                       "disegna IN (.EMP, .sur, libretto, .CSV, PDF) in un DXF",
+                                       [](Stato& s, const ModelloGrafica& g, const QString& out) {
+                                           return BV_SalvaDXF(s, g, out);
+                                       }));
 const Registra html(Esportatore("html", "disegna IN in una pagina HTML con un canvas",
                                 [](Stato& s, const ModelloGrafica& g, const QString& out) {
                                     return GeneraHTML5_CANVAS(s, g, out, false);
@@ -106,7 +107,7 @@ const Registra png({{"grafica", "png"},
                             return 1;
                         }
                         PreparaAmbiente(c.stato);
-                        const Opzioni o = LeggiOpzioni(c.argomenti);
+                        const OpzioniGrafica o = LeggiOpzioni(c.argomenti);
                         VistaGrafica vista;
                         // The loader fits the drawing to the picture's shape.
                         if (o.altezza > 0) vista.Rapporto = double(o.larghezza) / o.altezza;

@@ -42,20 +42,21 @@ const Registra pdfBlocchi({{"pdf", "blocchi"},
                                return 0;
                            }});
 
-const Registra elenco({{"dapregeo", "elenco"},
-                       "",
-                       "elenco degli atti di Pregeo dal programma Ponticello, celle separate da |",
-                       0,
-                       [](Contesto& c) {
-                           PreparaAmbiente(c.stato);
-                           CreaAlberoCartelle(c.stato);
-                           DaPregeo dp;
-                           CaricaPregeo800(c.stato, dp);
-                           for (const QStringList& atto : dp.Atti) c.out << atto.join(u'|') << '\n';
-                           return Esito(c);
-                       }});
+const Registra
+    elenco_pregeo({{"dapregeo", "elenco"},
+                   "",
+                   "elenco degli atti di Pregeo dal programma Ponticello, celle separate da |",
+                   0,
+                   [](Contesto& c) {
+                       PreparaAmbiente(c.stato);
+                       CreaAlberoCartelle(c.stato);
+                       DaPregeo dp;
+                       CaricaPregeo800(c.stato, dp);
+                       for (const QStringList& atto : dp.Atti) c.out << atto.join(u'|') << '\n';
+                       return Esito(c);
+                   }});
 
-const Registra libretto(
+const Registra libretto_pregeo(
     {{"dapregeo", "libretto"},
      "CHIAVE OUT",
      "esporta l'atto (anno a 2 cifre e protocollo) e scrive il libretto per coordinate in OUT",

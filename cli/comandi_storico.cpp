@@ -11,22 +11,23 @@ QList<VersioneLibretto> Versioni(Contesto& c) {
     return VersioniLibretto(c.stato, PercorsoWindows(PercorsoArgomento(c.argomenti[0])));
 }
 
-const Registra elenco({{"storico", "elenco"},
-                       "LIBRETTO",
-                       "stampa le versioni conservate del LIBRETTO, una per riga, la più "
-                       "recente per prima e numerate da 1",
-                       1,
-                       [](Contesto& c) {
-                           const QList<VersioneLibretto> versioni = Versioni(c);
-                           for (qsizetype i = 0; i < versioni.size(); ++i) {
-                               const VersioneLibretto& v = versioni[i];
-                               c.out << (i + 1) << '\t'
-                                     << v.quando.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"))
-                                     << '\t' << v.righe << " righe\t" << v.byte << " byte\t"
-                                     << v.percorso << '\n';
-                           }
-                           return 0;
-                       }});
+const Registra elenco_storico({{"storico", "elenco"},
+                               "LIBRETTO",
+                               "stampa le versioni conservate del LIBRETTO, una per riga, la più "
+                               "recente per prima e numerate da 1",
+                               1,
+                               [](Contesto& c) {
+                                   const QList<VersioneLibretto> versioni = Versioni(c);
+                                   for (qsizetype i = 0; i < versioni.size(); ++i) {
+                                       const VersioneLibretto& v = versioni[i];
+                                       c.out << (i + 1) << '\t'
+                                             << v.quando.toString(
+                                                    QStringLiteral("dd/MM/yyyy HH:mm:ss"))
+                                             << '\t' << v.righe << " righe\t" << v.byte << " byte\t"
+                                             << v.percorso << '\n';
+                                   }
+                                   return 0;
+                               }});
 
 const Registra ripristina(
     {{"storico", "ripristina"},

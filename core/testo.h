@@ -10,6 +10,9 @@
 
 namespace tavolet {
 
+// The field separator of the libretto's rows.
+inline const QString kBarra = QStringLiteral("|");
+
 inline const QString CRLF = QStringLiteral("\r\n");
 
 // Numeric read from the left: skips leading blanks, optional sign, digits, one point,

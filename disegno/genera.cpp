@@ -15,7 +15,6 @@ namespace tavolet {
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
 const QString kFiguraAngolo = QStringLiteral("########0.##0#");
 const QString kFiguraDistanza = QStringLiteral("#########0.##0");
 const QString kFiguraAltezza = QStringLiteral("##0.#0#");

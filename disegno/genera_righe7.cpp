@@ -7,8 +7,6 @@ namespace tavolet {
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
-
 bool Marcatore(const QString& nome) {
     return Val(nome) == 0 && !nome.startsWith(QStringLiteral("PF"));
 }

@@ -1,5 +1,7 @@
 #include "copia_estratto.h"
 
+#include "archivio.h"
+
 #include "errore.h"
 #include "file_testo.h"
 #include "percorsi.h"
@@ -16,24 +18,20 @@ namespace tavolet {
 
 namespace {
 
-const QString kTitolo = QStringLiteral("Copia Estratto in Pregeo");
+const QString kTitoloCopia = QStringLiteral("Copia Estratto in Pregeo");
 const QString kCopiato = QStringLiteral("Copiato nella cartella Estratti!");
 const QString kEsploso = QStringLiteral("Esploso e Copiato nella cartella Estratti!");
-
-QString CartellaEstratti(const Stato& stato) {
-    return stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\estratti\\");
-}
 
 QString CartellaTmp(const Stato& stato) {
     return stato.amb.UnitaPregeoExe + QStringLiteral("\\pregeo\\tmp\\");
 }
 
-QString SenzaEstensione(const QString& percorso) {
+QString SenzaUltimiQuattro(const QString& percorso) {
     return Left(percorso, std::max(0, Len(percorso) - 4));
 }
 
 void Avvisa(Stato& stato, const QString& testo, Icona icona = Icona::Informazione) {
-    stato.piattaforma->Messaggio(testo, kTitolo, icona);
+    stato.piattaforma->Messaggio(testo, kTitoloCopia, icona);
 }
 
 bool Trovato(Stato& stato, const QString& percorso) {
@@ -83,7 +81,7 @@ void SvuotaTmp(Stato& stato) {
 
 void CopiaZip(Stato& stato, const QString& percorso) {
     const QString nome = NomeDelFile(percorso);
-    const QString base = SenzaEstensione(nome);
+    const QString base = SenzaUltimiQuattro(nome);
     // Read before emptying: the archive may lie in \pregeo\tmp\ itself.
     if (QFileInfo(PercorsoLocale(percorso)).size() > LimitiScompatta().byteTotali)
         throw Errore(321, QStringLiteral("Archivio troppo grande da scompattare"));
@@ -108,7 +106,7 @@ void CopiaZip(Stato& stato, const QString& percorso) {
 // An .EMP or .PNG with its companion of the other extension, when that exists.
 void CopiaConCompagno(Stato& stato, const QString& percorso, const QString& estensione) {
     const QString altra = estensione == u".EMP" ? QStringLiteral(".PNG") : QStringLiteral(".EMP");
-    const QString compagno = SenzaEstensione(percorso) + altra;
+    const QString compagno = SenzaUltimiQuattro(percorso) + altra;
     const QString nome = CopiaInEstratti(stato, percorso);
     QString nomeEmp = estensione == u".EMP" ? nome : QString();
     if (EsisteFile(compagno)) {
@@ -117,7 +115,7 @@ void CopiaConCompagno(Stato& stato, const QString& percorso, const QString& este
     }
     // A .PNG without its .EMP is copied, but names no extract.
     if (!nomeEmp.isEmpty()) stato.doc.NomeEstratto = nomeEmp;
-    Avvisa(stato, kCopiato + CRLF + SenzaEstensione(percorso));
+    Avvisa(stato, kCopiato + CRLF + SenzaUltimiQuattro(percorso));
 }
 
 } // namespace

@@ -21,7 +21,7 @@ using namespace estratti;
 
 namespace {
 
-const QString kTitolo = QStringLiteral("Estratto da CXF");
+const QString kTitoloCxf = QStringLiteral("Estratto da CXF");
 // The same head for every conversion: the CXF carries no release data.
 const QString kTesta =
     QStringLiteral("0|05102017|XX0000000/2017|A000|00180|1,2,3|XX|PUB|ABCDEF|00000000000000|");
@@ -228,7 +228,7 @@ QString EstrattoDaCxf(Stato& stato, const QString& percorsoCxf, QString percorso
                         CRLF +
                         QStringLiteral(
                             " Sarà impossibile attribuire le superfici alle particelle!"),
-                    kTitolo, Icona::Avviso);
+                    kTitoloCxf, Icona::Avviso);
             }
             testo = LeggiTesto(percorsoCxf);
         }))
@@ -242,7 +242,7 @@ QString EstrattoDaCxf(Stato& stato, const QString& percorsoCxf, QString percorso
                         QStringLiteral("filevuoto") + CRLF);
         }))
         return {};
-    stato.piattaforma->Messaggio(QStringLiteral("Creato!") + CRLF + percorsoEmp, kTitolo,
+    stato.piattaforma->Messaggio(QStringLiteral("Creato!") + CRLF + percorsoEmp, kTitoloCxf,
                                  Icona::Informazione);
     return percorsoEmp;
 }

@@ -14,8 +14,6 @@
 
 namespace tavolet::estratti {
 
-inline const QString kBarra = QStringLiteral("|");
-
 // A field of a split row; an index outside the row is a subscript out of range (error 9).
 inline const QString& Campo(const QStringList& campi, qsizetype i) {
     if (i < 0 || i >= campi.size()) throw Errore(9);

@@ -194,7 +194,7 @@ private:
 };
 
 // The number of an id "<n>%" written without leading zeros, or -1.
-qint64 NumeroId(QStringView id) {
+qint64 NumeroIdTesto(QStringView id) {
     if (id.size() < 2 || id.size() > 11 || id.back() != u'%' || id.front() == u'0') return -1;
     qint64 n = 0;
     for (qsizetype k = 0; k + 1 < id.size(); ++k) {
@@ -212,14 +212,14 @@ qint64 NumeroId(QStringView id) {
 bool Rinumerazione(const QList<std::pair<QString, QString>>& coppie, std::vector<int>& nuovo) {
     qint64 precedente = 0;
     for (qsizetype k = 0; k < coppie.size(); ++k) {
-        const qint64 n = NumeroId(coppie[k].first);
+        const qint64 n = NumeroIdTesto(coppie[k].first);
         if (n <= precedente || n > 8 * coppie.size() + 1024) return false;
-        if (NumeroId(coppie[k].second) != k + 1) return false;
+        if (NumeroIdTesto(coppie[k].second) != k + 1) return false;
         precedente = n;
     }
     nuovo.assign(size_t(precedente + 1), 0);
     for (qsizetype k = 0; k < coppie.size(); ++k)
-        nuovo[size_t(NumeroId(coppie[k].first))] = int(k + 1);
+        nuovo[size_t(NumeroIdTesto(coppie[k].first))] = int(k + 1);
     return true;
 }
 
@@ -237,7 +237,7 @@ QString RinumeraRiga(const QString& riga, const std::vector<int>& nuovo) {
         int n = 0;
         // Only a field between two bars is a token.
         if (!primoCampo && barra >= 0) {
-            const qint64 id = NumeroId(campo);
+            const qint64 id = NumeroIdTesto(campo);
             if (id > 0 && id < qint64(nuovo.size())) n = nuovo[size_t(id)];
         }
         const bool cambia = n > 0 && !(primaCambiata && campo == prima);

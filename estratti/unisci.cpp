@@ -29,16 +29,16 @@ using namespace estratti;
 
 namespace {
 
-const Byte kTestaAutoallestito = "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n";
+const Byte kTestaUnione = "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|\r\n";
 
-struct Punto {
+struct PuntoUnito {
     double nord, est;
     Byte id;
     Byte coordinate; // fields 2 and 3 as written, with the bar between them
 };
 
 // A ring: its first row and its continuation rows, which lie in a list of their own.
-struct Anello {
+struct AnelloUnito {
     Byte primo;
     size_t seguiti, quanti;
 };
@@ -87,18 +87,18 @@ bool Positivo(Byte campo) {
 
 // The kept rows of one extract, in the order of the file.
 struct Lato {
-    std::vector<Anello> anelli;
+    std::vector<AnelloUnito> anelli;
     std::vector<Byte> seguiti;
     Indice indice;
     double massimo = 0; // the highest number of a point, read for the first extract only
     int primo = 0;      // where its points start in the joined list
 
-    void Leggi(const QByteArray& dati, bool base, std::vector<Punto>& punti) {
+    void Leggi(const QByteArray& dati, bool base, std::vector<PuntoUnito>& punti) {
         primo = int(punti.size());
         // Room for the rows at once: counted by line feeds.
         punti.reserve(punti.size() + size_t(dati.count('\n')) + 1);
         bool testa = true, aperto = false, escluso = false;
-        Anello anello{};
+        AnelloUnito anello{};
         auto chiudi = [&] {
             if (aperto && !escluso) {
                 int barre = 0;
@@ -172,10 +172,10 @@ constexpr double kLimiteGriglia = 1e9;
 class Griglia {
 public:
     // The points [da, a) of the list.
-    Griglia(const std::vector<Punto>& punti, int da, int a) : punti_(punti), da_(da), a_(a) {
+    Griglia(const std::vector<PuntoUnito>& punti, int da, int a) : punti_(punti), da_(da), a_(a) {
         voci_.reserve(size_t(a - da));
         for (int i = da; i < a; ++i) {
-            const Punto& p = punti[size_t(i)];
+            const PuntoUnito& p = punti[size_t(i)];
             if (InGriglia(p))
                 voci_.push_back({Cella(p.est), Cella(p.nord), i});
             else
@@ -200,7 +200,7 @@ public:
     }
 
     // The first point of index above dopo closer than the tolerance to p, or -1.
-    int Primo(const Punto& p, int dopo) const {
+    int Primo(const PuntoUnito& p, int dopo) const {
         int migliore = -1;
         auto prova = [&](int j) {
             if (DistanzaPunti(p.nord, p.est, punti_[size_t(j)].nord, punti_[size_t(j)].est) >=
@@ -248,7 +248,7 @@ private:
         qint64 x, y;
         quint32 inizio, fine; // fine 0: an empty slot
     };
-    static bool InGriglia(const Punto& p) {
+    static bool InGriglia(const PuntoUnito& p) {
         return std::fabs(p.est) <= kLimiteGriglia && std::fabs(p.nord) <= kLimiteGriglia;
     }
     static qint64 Cella(double v) { return qint64(std::floor(v / kCella)); }
@@ -257,7 +257,7 @@ private:
         h ^= h >> 31;
         return size_t(h) & (celle_.size() - 1);
     }
-    const std::vector<Punto>& punti_;
+    const std::vector<PuntoUnito>& punti_;
     int da_, a_;
     std::vector<Voce> voci_;
     std::vector<CellaG> celle_;
@@ -277,7 +277,7 @@ void MettiTesto(std::string& uscita, const QString& testo) {
 
 // A ring in one line, as the extract reader gathers it: the first row up to its style, the
 // continuation rows without "7|0|" and "NC|", the tail of the first row (up to its last bar).
-Byte Raccogli(const Anello& a, const std::vector<Byte>& seguiti, std::string& unito) {
+Byte Raccogli(const AnelloUnito& a, const std::vector<Byte>& seguiti, std::string& unito) {
     const Byte primo = a.primo;
     const size_t ultima = BarraIndietro(primo, primo.size() - 1);
     if (a.quanti == 0) return primo.substr(0, ultima + 1);
@@ -347,7 +347,7 @@ double DistanzaPunti(double nord1, double est1, double nord2, double est2) {
 }
 
 QByteArray UnisciEstratti(const QByteArray& testoBase, const QByteArray& testoAggiunto) {
-    std::vector<Punto> punti;
+    std::vector<PuntoUnito> punti;
     Lato base, aggiunto;
     base.Leggi(testoBase, true, punti);
     aggiunto.Leggi(testoAggiunto, false, punti);
@@ -367,7 +367,7 @@ QByteArray UnisciEstratti(const QByteArray& testoBase, const QByteArray& testoAg
     }
     std::string uscita;
     uscita.reserve(size_t(testoBase.size() + testoAggiunto.size()) + 1024);
-    uscita.append(kTestaAutoallestito);
+    uscita.append(kTestaUnione);
     // The points left numbered in their order; each point takes the number of where it went.
     std::vector<int> nuovo(size_t(tutti), 0);
     for (int a = 0, numero = 0; a < tutti; ++a) {
@@ -398,7 +398,7 @@ QByteArray UnisciEstratti(const QByteArray& testoBase, const QByteArray& testoAg
                 u.append(id);
             }
         };
-        for (const Anello& a : lato->anelli)
+        for (const AnelloUnito& a : lato->anelli)
             MettiAnello(Raccogli(a, lato->seguiti, unito), uscita, campi, rinomina);
     }
     return QByteArray(uscita.data(), qsizetype(uscita.size()));

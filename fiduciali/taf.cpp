@@ -14,8 +14,6 @@ namespace tavolet {
 
 namespace {
 
-const QString kBarra = QStringLiteral("|");
-
 // Mid that gives nothing past the end of a short line.
 QString Colonne(const QString& riga, int da, int a = -1) {
     if (da > riga.size()) return QString();

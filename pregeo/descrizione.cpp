@@ -10,7 +10,7 @@ namespace tavolet {
 
 namespace {
 
-bool Numerico(const QString& testo) {
+bool NumeroValido(const QString& testo) {
     bool ok = false;
     Trim(testo).toDouble(&ok);
     return ok;
@@ -28,7 +28,7 @@ QString RigaConDescrizione(const QString& riga, const QString& descrizione) {
     const QString testo = Trim(Replace(descrizione, QStringLiteral("|"), {}));
     // A row 8 keeps its coordinates: its description stands behind the east.
     const int minimo = tipo == 8 ? 4 : 2;
-    const int campo = (ultimo >= minimo && !Numerico(campi[ultimo])) ? ultimo : ultimo + 1;
+    const int campo = (ultimo >= minimo && !NumeroValido(campi[ultimo])) ? ultimo : ultimo + 1;
     while (campi.size() <= campo + 1) campi.append(QString());
     campi[campo] = testo;
     return Join(campi, QStringLiteral("|"));

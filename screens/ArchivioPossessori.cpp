@@ -15,7 +15,7 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("ArchivioPossessori");
+const QString kFormArchivioPossessori = QStringLiteral("ArchivioPossessori");
 
 QString DaSchermo(QString testo) {
     return testo.replace(u'\n', CRLF);
@@ -24,9 +24,9 @@ QString DaSchermo(QString testo) {
 
 ArchivioPossessori::ArchivioPossessori(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormArchivioPossessori);
     setWindowTitle(TitoloPossessori(stato_));
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormArchivioPossessori);
     stato_.EsitoDialogo = -1;
     auto* l = new QVBoxLayout(this);
     auto* campi = new QFormLayout;
@@ -102,7 +102,7 @@ void ArchivioPossessori::Scegli(int riga) {
 }
 
 void ArchivioPossessori::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormArchivioPossessori);
     QDialog::done(r);
 }
 

@@ -17,13 +17,13 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_CodFis");
+const QString kFormCodFis = QStringLiteral("BV_CodFis");
 }
 
 BV_CodFis::BV_CodFis(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormCodFis);
     setWindowTitle(QStringLiteral("Codici Fiscali di Comuni"));
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormCodFis);
     stato_.EsitoDialogo = -1;
     auto* l = new QVBoxLayout(this);
     auto* ricerca = new QFormLayout;
@@ -97,7 +97,7 @@ void BV_CodFis::Copia() {
 }
 
 void BV_CodFis::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormCodFis);
     QDialog::done(r);
 }
 

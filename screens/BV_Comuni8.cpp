@@ -14,13 +14,13 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_Comuni8");
+const QString kFormComuni8 = QStringLiteral("BV_Comuni8");
 }
 
 BV_Comuni8::BV_Comuni8(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormComuni8);
     setWindowTitle(TitoloComuni8(stato_));
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormComuni8);
     stato_.EsitoDialogo = -1;
     auto* l = new QVBoxLayout(this);
     auto* etichette = new QHBoxLayout;
@@ -101,7 +101,7 @@ void BV_Comuni8::Copia() {
 }
 
 void BV_Comuni8::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormComuni8);
     QDialog::done(r);
 }
 

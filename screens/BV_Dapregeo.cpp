@@ -24,7 +24,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_Dapregeo");
+const QString kFormDapregeo = QStringLiteral("BV_Dapregeo");
 
 QTableWidget* NuovaGriglia(const QStringList& colonne, QWidget* parent) {
     auto* g = new QTableWidget(0, int(colonne.size()), parent);
@@ -53,7 +53,7 @@ void Riempi(QTableWidget* g, const QList<QStringList>& righe) {
 } // namespace
 
 BV_Dapregeo::BV_Dapregeo(Stato& stato, int flag, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormDapregeo);
     dp_.Flag = flag;
     setWindowTitle(dp_.Caption);
     stato_.EsitoDialogo = -1;
@@ -97,7 +97,7 @@ BV_Dapregeo::BV_Dapregeo(Stato& stato, int flag, QWidget* parent) : QDialog(pare
     colonna->addLayout(comandi);
 
     connect(atti_, &QTableWidget::cellClicked, this, [this](int riga, int) { ScegliAtto(riga); });
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormDapregeo);
 }
 
 int BV_Dapregeo::Esegui(Stato& stato, int flag, QWidget* parent) {
@@ -125,7 +125,7 @@ void BV_Dapregeo::showEvent(QShowEvent* e) {
 }
 
 void BV_Dapregeo::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormDapregeo);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = r == QDialog::Accepted ? 1 : 0;
     QDialog::done(r);
 }

@@ -1,4 +1,5 @@
 #include "BV_EDM.h"
+#include "lista_titolata.h"
 
 #include "BV_CodFis.h"
 #include "BV_Fraziona.h"
@@ -28,24 +29,16 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_EDM");
-const QStringList kCampi = {"Comune",         "Foglio",       "Mappale",      "Qualita",
-                            "Classe",         "SupCatastale", "SupGrafica",   "RedditoDominicale",
-                            "RedditoAgrario", "Flag",         "CodiceQualita"};
-
-QListWidget* Lista(QWidget* padre, const QString& titolo, QVBoxLayout* colonna) {
-    colonna->addWidget(new QLabel(titolo, padre));
-    auto* l = new QListWidget(padre);
-    l->setObjectName(titolo);
-    l->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    colonna->addWidget(l);
-    return l;
-}
+const QString kFormEDM = QStringLiteral("BV_EDM");
+const QStringList kCampiEDM = {
+    "Comune",         "Foglio",       "Mappale",      "Qualita",
+    "Classe",         "SupCatastale", "SupGrafica",   "RedditoDominicale",
+    "RedditoAgrario", "Flag",         "CodiceQualita"};
 
 } // namespace
 
 BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormEDM);
     DecoZeroNove(stato_);
     const Testata& t = stato_.testata;
     setWindowTitle(QStringLiteral("Archivio Particelle - ") + t.CodiceComuneLibretto + u'-' +
@@ -61,16 +54,16 @@ BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
     principale->addLayout(centro, 3);
     principale->addLayout(comandi, 2);
 
-    archivio_ = Lista(this, QStringLiteral("Archivio Particelle"), liste);
-    libretto_ = Lista(this, QStringLiteral("Mappali in Libretto Misure"), liste);
-    proposta_ = Lista(this, QStringLiteral("Mappali in Proposta"), liste);
+    archivio_ = ListaTitolata(this, QStringLiteral("Archivio Particelle"), liste);
+    libretto_ = ListaTitolata(this, QStringLiteral("Mappali in Libretto Misure"), liste);
+    proposta_ = ListaTitolata(this, QStringLiteral("Mappali in Proposta"), liste);
 
     struttura_ = new QLabel(QStringLiteral("Struttura Particella"), this);
     struttura_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     struttura_->setWordWrap(true);
     centro->addWidget(struttura_);
     auto* modulo = new QFormLayout;
-    for (const QString& nome : kCampi) {
+    for (const QString& nome : kCampiEDM) {
         auto* e = new QLineEdit(this);
         e->setObjectName(nome);
         campi_[nome] = e;
@@ -136,7 +129,7 @@ BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
         Aggiorna();
     });
     auto archivia = [this] {
-        ConTrappola(stato_, kNomeForm, [&] {
+        ConTrappola(stato_, kFormEDM, [&] {
             CampiParticella c = Campi();
             struttura_->setText(ArchiviaParticella(stato_, c));
             campi_["SupGrafica"]->setText(c.SupGrafica);
@@ -202,7 +195,7 @@ BV_EDM::BV_EDM(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
     EsplodiAreeProposta(stato_);
     proposta_->addItems(MappaliInProposta(LeggiModelloCensuario(stato_)));
     resize(1100, 640);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormEDM);
     modello_ = ModelloParticelleLibretto(t.CodiceComuneLibretto, t.FoglioLibretto);
     Aggiorna();
 }
@@ -255,7 +248,7 @@ void BV_EDM::ScegliComune(bool soloConfermato) {
 
 void BV_EDM::ScegliFile(const QString& nome) {
     if (nome.isEmpty()) return;
-    ConTrappola(stato_, kNomeForm, [&] {
+    ConTrappola(stato_, kFormEDM, [&] {
         const QString riga = LeggiRigaParticella(stato_, nome);
         struttura_->setText(riga);
         MostraCampi(CampiDaParticella(nome, riga, stato_.amb.TabellaQualita));
@@ -294,7 +287,7 @@ void BV_EDM::showEvent(QShowEvent* e) {
 }
 
 void BV_EDM::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormEDM);
     QDialog::done(r);
 }
 

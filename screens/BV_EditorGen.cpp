@@ -14,7 +14,7 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_EditorGen");
+const QString kFormEditorGen = QStringLiteral("BV_EditorGen");
 
 QString DaEditore(QString t) {
     return t.replace(u'\n', CRLF);
@@ -27,7 +27,7 @@ QString PerEditore(QString t) {
 
 BV_EditorGen::BV_EditorGen(Stato& stato, int modo, QWidget* parent)
     : QDialog(parent), stato_(stato), modo_(modo) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormEditorGen);
     setWindowTitle(TitoloEditor(stato, modo));
     testo_ = new QPlainTextEdit;
     testo_->setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -73,7 +73,7 @@ BV_EditorGen::BV_EditorGen(Stato& stato, int modo, QWidget* parent)
     layout->addWidget(testo_, 1);
     layout->addLayout(riga);
     resize(900, 640);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormEditorGen);
 }
 
 QPushButton* BV_EditorGen::Pulsante(int indice) const {
@@ -100,7 +100,7 @@ void BV_EditorGen::closeEvent(QCloseEvent* e) {
         }
         chiudendo_ = true;
     }
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormEditorGen);
     stato_.ModoEditor = 0;
     e->accept();
     QDialog::done(QDialog::Accepted);

@@ -21,7 +21,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_ElcoPFGrafica");
+const QString kFormElcoPFGrafica = QStringLiteral("BV_ElcoPFGrafica");
 // The colours of the plot: points blue, the selected red, the measures green.
 constexpr int kColorePunto = 9, kColoreScelto = 12, kColoreMisura = 2;
 
@@ -30,7 +30,7 @@ constexpr int kColorePunto = 9, kColoreScelto = 12, kColoreMisura = 2;
 BV_ElcoPFGrafica::BV_ElcoPFGrafica(Stato& stato, const QString& comune, const QStringList& codici,
                                    QWidget* parent)
     : QDialog(parent), stato_(stato), tabella_(TabellaDaGriglia(stato, comune, codici)) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormElcoPFGrafica);
     setWindowTitle(QStringLiteral("Grafica Punti Fiduciali ") + comune);
     stato_.EsitoDialogo = -1;
 
@@ -86,7 +86,7 @@ BV_ElcoPFGrafica::BV_ElcoPFGrafica(Stato& stato, const QString& comune, const QS
     if (tela_) tela_->installEventFilter(this);
 
     resize(1100, 760);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormElcoPFGrafica);
     Ridisegna(true);
 }
 
@@ -242,7 +242,7 @@ void BV_ElcoPFGrafica::SalvaDxf() {
 }
 
 void BV_ElcoPFGrafica::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormElcoPFGrafica);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

@@ -17,11 +17,11 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_ElcoPf");
+const QString kFormElcoPf = QStringLiteral("BV_ElcoPf");
 }
 
 BV_ElcoPf::BV_ElcoPf(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormElcoPf);
     setWindowTitle(QStringLiteral("Archivio Punti Fiduciali"));
     stato_.EsitoDialogo = -1;
 
@@ -52,7 +52,7 @@ BV_ElcoPf::BV_ElcoPf(Stato& stato, QWidget* parent) : QDialog(parent), stato_(st
     connect(comuni_, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* item) { SelezionaComune(comuni_->row(item)); });
     resize(720, 480);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormElcoPf);
 }
 
 int BV_ElcoPf::Esegui(Stato& stato, QWidget* parent) {
@@ -80,7 +80,7 @@ void BV_ElcoPf::SelezionaComune(int riga) {
 }
 
 void BV_ElcoPf::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormElcoPf);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

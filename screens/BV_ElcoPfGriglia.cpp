@@ -23,7 +23,7 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_ElcoPfGriglia");
+const QString kFormElcoPfGriglia = QStringLiteral("BV_ElcoPfGriglia");
 }
 
 ModelloGrigliaTaf::ModelloGrigliaTaf(QList<QStringList> griglia, QObject* parent)
@@ -52,7 +52,7 @@ BV_ElcoPfGriglia::BV_ElcoPfGriglia(Stato& stato, const QString& provincia, const
                                    const QString& codice, const QList<RigaTaf>& righe,
                                    QWidget* parent)
     : QDialog(parent), stato_(stato), comune_(Left(codice, 4)) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormElcoPfGriglia);
     setWindowTitle(QStringLiteral("Punti Fiduciali - ") + EtichettaComune(nome, codice));
     stato_.EsitoDialogo = -1;
 
@@ -95,7 +95,7 @@ BV_ElcoPfGriglia::BV_ElcoPfGriglia(Stato& stato, const QString& provincia, const
             [this](const QModelIndex& i) { Monografia(i.row() + 1); });
 
     resize(1100, 600);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormElcoPfGriglia);
 }
 
 int BV_ElcoPfGriglia::UnitaBase() const {
@@ -145,7 +145,7 @@ void BV_ElcoPfGriglia::Monografia(int riga) {
 }
 
 void BV_ElcoPfGriglia::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormElcoPfGriglia);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

@@ -39,9 +39,10 @@ namespace tavolet {
 
 namespace {
 
-const QString kForm = QStringLiteral("BV_EstrattiDiMappa1");
-const QStringList kCampi = {"formato",    "autoallestito", "comune",   "provincia", "foglio",
-                            "particelle", "data",          "validita", "est"};
+const QString kFormEstrattiDiMappa1 = QStringLiteral("BV_EstrattiDiMappa1");
+const QStringList kCampiEstratto = {"formato",   "autoallestito", "comune",
+                                    "provincia", "foglio",        "particelle",
+                                    "data",      "validita",      "est"};
 
 QString Estensione(const QString& nome) {
     return UCase(nome.mid(nome.lastIndexOf(u'.') + 1));
@@ -87,7 +88,7 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
     principale->addWidget(vista_, 3);
 
     auto* destra = new QVBoxLayout;
-    for (const QString& c : kCampi) {
+    for (const QString& c : kCampiEstratto) {
         auto* l = new QLabel(QStringLiteral("-"), this);
         l->setObjectName(c);
         l->setWordWrap(true);
@@ -150,7 +151,7 @@ BV_EstrattiDiMappa1::BV_EstrattiDiMappa1(Stato& stato, QWidget* parent)
     principale->addLayout(destra, 1);
 
     connect(lista_, &QListWidget::currentRowChanged, this, [this] { AnteprimaEstratto(); });
-    RipristinaPosizioneForm(this, stato_, kForm);
+    RipristinaPosizioneForm(this, stato_, kFormEstrattiDiMappa1);
     ScriviEstrattiDiEsempio(stato_);
     AggiornaLista();
 }
@@ -509,7 +510,7 @@ void BV_EstrattiDiMappa1::ChiudiAnteprime() {
 }
 
 void BV_EstrattiDiMappa1::closeEvent(QCloseEvent* e) {
-    SalvaPosizioneForm(this, stato_, kForm);
+    SalvaPosizioneForm(this, stato_, kFormEstrattiDiMappa1);
     ConTrappola(stato_, QStringLiteral("ChiudiEstratti"), [&] { ChiudiAnteprime(); });
     QDialog::closeEvent(e);
 }

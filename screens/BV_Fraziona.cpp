@@ -1,4 +1,5 @@
 #include "BV_Fraziona.h"
+#include "lista_titolata.h"
 
 #include "BV_EditorGen.h"
 #include "posizione.h"
@@ -24,7 +25,7 @@ namespace tavolet {
 namespace {
 
 // The classic sixteen-colour table, for the cells' states.
-QColor ColoreQB(int indice) {
+QColor ColoreCella(int indice) {
     switch (indice) {
     case kGiallo:
         return QColor(255, 255, 85);
@@ -33,15 +34,6 @@ QColor ColoreQB(int indice) {
     default:
         return QColor(255, 255, 255);
     }
-}
-
-QListWidget* Lista(QWidget* padre, const QString& titolo, QVBoxLayout* colonna) {
-    colonna->addWidget(new QLabel(titolo, padre));
-    auto* l = new QListWidget(padre);
-    l->setObjectName(titolo);
-    l->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    colonna->addWidget(l);
-    return l;
 }
 
 void Riempi(QListWidget* l, const QStringList& righe) {
@@ -99,14 +91,14 @@ BV_Fraziona::BV_Fraziona(Stato& stato, TipoSchema tipo, const CampiParticella& p
     rigaArea->addStretch();
     sinistra->addLayout(rigaArea);
 
-    anteprima_ = Lista(this, QStringLiteral("Anteprima Modello"), sinistra);
-    memo_ = Lista(this, QStringLiteral("Memo"), sinistra);
+    anteprima_ = ListaTitolata(this, QStringLiteral("Anteprima Modello"), sinistra);
+    memo_ = ListaTitolata(this, QStringLiteral("Memo"), sinistra);
     memo_->setSelectionMode(QAbstractItemView::ExtendedSelection);
 
-    aree_ = Lista(this, QStringLiteral("Aree in Proposta"), destra);
-    schemaProposta_ = Lista(this, QStringLiteral("Schema da Proposta"), destra);
+    aree_ = ListaTitolata(this, QStringLiteral("Aree in Proposta"), destra);
+    schemaProposta_ = ListaTitolata(this, QStringLiteral("Schema da Proposta"), destra);
     if (stralcio) {
-        urbano_ = Lista(this, QStringLiteral("Seleziona Derivate per l'Urbano"), destra);
+        urbano_ = ListaTitolata(this, QStringLiteral("Seleziona Derivate per l'Urbano"), destra);
         urbano_->setSelectionMode(QAbstractItemView::MultiSelection);
     }
 
@@ -227,7 +219,7 @@ void BV_Fraziona::Mostra() {
                 schema_->setItem(i - 1, c, cella);
             }
             cella->setText(g[i].value(c));
-            cella->setBackground(ColoreQB(f_.Colore(i, c)));
+            cella->setBackground(ColoreCella(f_.Colore(i, c)));
         }
     }
     if (f_.RigaCorrente >= 1 && f_.RigaCorrente < g.size())

@@ -48,7 +48,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_LibrettoOriginale");
+const QString kFormLibrettoOriginale = QStringLiteral("BV_LibrettoOriginale");
 const QString kOpzioneControllo =
     QStringLiteral("Controlla l'atto prima del salvataggio in Pregeo");
 
@@ -89,7 +89,7 @@ const DefinizionePulsante kPulsanti[] = {
 
 BV_LibrettoOriginale::BV_LibrettoOriginale(Stato& stato, QWidget* parent)
     : QMainWindow(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormLibrettoOriginale);
     setWindowTitle(TitoloIniziale());
     // The command words of the command line and the PDF drop open their screens over this form.
     InstallaComandi(stato_, this);
@@ -437,10 +437,10 @@ QAction* BV_LibrettoOriginale::Voce(const QString& menu, const QString& voce) co
 bool BV_LibrettoOriginale::Carica(const QString& rigaComando) {
     setWindowTitle(TitoloIniziale());
     Piattaforma& p = *stato_.piattaforma;
-    const int w = p.Impostazione(QStringLiteral("FORMx"), kNomeForm).toInt();
-    const int h = p.Impostazione(QStringLiteral("FORMy"), kNomeForm).toInt();
+    const int w = p.Impostazione(QStringLiteral("FORMx"), kFormLibrettoOriginale).toInt();
+    const int h = p.Impostazione(QStringLiteral("FORMy"), kFormLibrettoOriginale).toInt();
     if (w > 200 && h > 200 && w < 20000 && h < 20000) resize(w, h);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormLibrettoOriginale);
     if (!AvvioProgramma(stato_, rigaComando)) return false;
     ApplicaCarattere();
     MostraDocumento();
@@ -862,9 +862,9 @@ void BV_LibrettoOriginale::changeEvent(QEvent* e) {
 void BV_LibrettoOriginale::closeEvent(QCloseEvent* e) {
     LeggiSelezione();
     Piattaforma& p = *stato_.piattaforma;
-    SalvaPosizioneForm(this, stato_, kNomeForm);
-    p.SalvaImpostazione(QStringLiteral("FORMx"), kNomeForm, QString::number(width()));
-    p.SalvaImpostazione(QStringLiteral("FORMy"), kNomeForm, QString::number(height()));
+    SalvaPosizioneForm(this, stato_, kFormLibrettoOriginale);
+    p.SalvaImpostazione(QStringLiteral("FORMx"), kFormLibrettoOriginale, QString::number(width()));
+    p.SalvaImpostazione(QStringLiteral("FORMy"), kFormLibrettoOriginale, QString::number(height()));
     // A save that fails keeps the form open on the document: the error report has been shown
     // and the surveyor can still export the rows elsewhere.
     if (!ChiusuraProgramma(stato_)) {

@@ -1,4 +1,5 @@
 #include "BV_NuovaCostruzione.h"
+#include "lista_titolata.h"
 
 #include "posizione.h"
 
@@ -18,32 +19,23 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_NuovaCostruzione");
-
-QListWidget* Lista(QWidget* padre, const QString& titolo, QVBoxLayout* colonna) {
-    colonna->addWidget(new QLabel(titolo, padre));
-    auto* l = new QListWidget(padre);
-    l->setObjectName(titolo);
-    l->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    colonna->addWidget(l);
-    return l;
-}
+const QString kFormNuovaCostruzione = QStringLiteral("BV_NuovaCostruzione");
 
 } // namespace
 
 BV_NuovaCostruzione::BV_NuovaCostruzione(Stato& stato, const CampiParticella& particella,
                                          QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormNuovaCostruzione);
     setWindowTitle(QStringLiteral("TM Nuova Costruzione"));
     auto* principale = new QHBoxLayout(this);
     auto* colonna = new QVBoxLayout;
     principale->addLayout(colonna, 4);
     auto* destra = new QVBoxLayout;
     principale->addLayout(destra, 1);
-    modello_ = Lista(this, QStringLiteral("Anteprima"), colonna);
-    memo_ = Lista(this, QStringLiteral("Memo"), colonna);
-    identificativi_ = Lista(this, QStringLiteral("Identificativi"), destra);
+    modello_ = ListaTitolata(this, QStringLiteral("Anteprima"), colonna);
+    memo_ = ListaTitolata(this, QStringLiteral("Memo"), colonna);
+    identificativi_ = ListaTitolata(this, QStringLiteral("Identificativi"), destra);
     for (const QString& caption :
          {QStringLiteral("Aggiungi a &Memo"), QStringLiteral("&Azzera Memo"),
           QStringLiteral("&SN / SR"), QStringLiteral("Copia Memo"), QStringLiteral("Stampa Memo"),
@@ -66,7 +58,8 @@ BV_NuovaCostruzione::BV_NuovaCostruzione(Stato& stato, const CampiParticella& pa
                 if (SostituisciCensuario(stato_, memo, QStringLiteral("Decozero_106"))) accept();
             });
     connect(Pulsante(QStringLiteral("Aggiungi a &Memo")), &QPushButton::clicked, this, [this] {
-        ConTrappola(stato_, kNomeForm, [&] { AggiungiMemoNuovaCostruzione(memo, ModelloNuovo); });
+        ConTrappola(stato_, kFormNuovaCostruzione,
+                    [&] { AggiungiMemoNuovaCostruzione(memo, ModelloNuovo); });
         Mostra();
     });
     connect(Pulsante(QStringLiteral("&Azzera Memo")), &QPushButton::clicked, this, [this] {
@@ -91,7 +84,7 @@ BV_NuovaCostruzione::BV_NuovaCostruzione(Stato& stato, const CampiParticella& pa
         Mostra();
     });
     resize(760, 480);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormNuovaCostruzione);
     Mostra();
 }
 
@@ -109,7 +102,7 @@ void BV_NuovaCostruzione::Mostra() {
 }
 
 void BV_NuovaCostruzione::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormNuovaCostruzione);
     QDialog::done(r);
 }
 

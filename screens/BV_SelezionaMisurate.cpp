@@ -17,12 +17,12 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("BV_SelezionaMisurate");
+const QString kFormSelezionaMisurate = QStringLiteral("BV_SelezionaMisurate");
 }
 
 BV_SelezionaMisurate::BV_SelezionaMisurate(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormSelezionaMisurate);
     setWindowTitle(QStringLiteral("Seleziona archivio"));
     stato_.EsitoDialogo = -1;
 
@@ -45,7 +45,7 @@ BV_SelezionaMisurate::BV_SelezionaMisurate(Stato& stato, QWidget* parent)
     connect(lista_, &QListWidget::itemDoubleClicked, this, [this] { EseguiComando(0); });
 
     resize(460, 360);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormSelezionaMisurate);
     Aggiorna();
 }
 
@@ -88,7 +88,7 @@ void BV_SelezionaMisurate::EseguiComando(int indice) {
 }
 
 void BV_SelezionaMisurate::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormSelezionaMisurate);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

@@ -23,7 +23,7 @@
 namespace tavolet {
 
 namespace {
-const QString kForm = QStringLiteral("BV_SommaEstratti");
+const QString kFormSommaEstratti = QStringLiteral("BV_SommaEstratti");
 const QString kTitolo = QStringLiteral("Unisci Estratti");
 } // namespace
 
@@ -56,13 +56,13 @@ BV_SommaEstratti::BV_SommaEstratti(Stato& stato, const QString& estrattoBase, QW
     connect(lista_, &QListWidget::currentRowChanged, this, [this] { SelezionaAggiunto(); });
     connect(conferma, &QPushButton::clicked, this, [this] { Conferma(); });
     connect(comune, &QPushButton::clicked, this, [this] { SommaComune(); });
-    RipristinaPosizioneForm(this, stato_, kForm);
+    RipristinaPosizioneForm(this, stato_, kFormSommaEstratti);
 }
 
 QString BV_SommaEstratti::Esegui(Stato& stato, const QString& estrattoBase, QWidget* parent) {
     BV_SommaEstratti f(stato, estrattoBase, parent);
     f.exec();
-    SalvaPosizioneForm(&f, stato, kForm);
+    SalvaPosizioneForm(&f, stato, kFormSommaEstratti);
     return f.Risultato();
 }
 

@@ -26,13 +26,13 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_StampaGenerale");
+const QString kFormStampaGenerale = QStringLiteral("BV_StampaGenerale");
 
-struct DefinizioneComando {
+struct ComandoStampa {
     int indice;
     const char* caption;
 };
-const DefinizioneComando kComandi[] = {
+const ComandoStampa kComandiStampa[] = {
     {1, "Stampa"},        {2, "Copia"},        {3, "Carattere"},        {4, "Grafica"},
     {5, "Editor"},        {6, "<< Sposta"},    {7, "Sposta >>"},        {8, "Elimina Riga"},
     {9, "Aggiungi Riga"}, {10, "Usa Modello"}, {11, "Aggiorna Elenco"}, {12, "Seleziona Editor"},
@@ -51,7 +51,7 @@ BV_StampaGenerale::BV_StampaGenerale(Stato& stato, const QStringList& righe,
                                      const QString& nomeFile, const QString& radiceFile,
                                      QWidget* parent)
     : QDialog(parent), stato_(stato), radiceFile_(radiceFile) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormStampaGenerale);
     setWindowTitle(QStringLiteral("Stampe : ") + nomeFile);
     auto* principale = new QVBoxLayout(this);
     auto* menu = new QMenuBar(this);
@@ -103,7 +103,7 @@ BV_StampaGenerale::BV_StampaGenerale(Stato& stato, const QStringList& righe,
 
     auto* griglia = new QGridLayout;
     int n = 0;
-    for (const DefinizioneComando& d : kComandi) {
+    for (const ComandoStampa& d : kComandiStampa) {
         auto* b = new QPushButton(QString::fromUtf8(d.caption), this);
         b->setObjectName(QStringLiteral("Command%1").arg(d.indice));
         b->setAutoDefault(false);
@@ -129,7 +129,7 @@ BV_StampaGenerale::BV_StampaGenerale(Stato& stato, const QStringList& righe,
     AggiornaModelli();
     visualizzatore_->setText(EtichettaVisualizzatore(stato_));
     resize(900, 560);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormStampaGenerale);
 }
 
 void BV_StampaGenerale::Esegui(Stato& stato, const QStringList& righe, const QString& nomeFile,
@@ -283,7 +283,7 @@ void BV_StampaGenerale::ApriEditor() {
 }
 
 void BV_StampaGenerale::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormStampaGenerale);
     QDialog::done(r);
 }
 

@@ -1,4 +1,5 @@
 #include "BV_TMFusione.h"
+#include "lista_titolata.h"
 
 #include "posizione.h"
 
@@ -20,21 +21,12 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_TMFusione");
-
-QListWidget* Lista(QWidget* padre, const QString& titolo, QVBoxLayout* colonna) {
-    colonna->addWidget(new QLabel(titolo, padre));
-    auto* l = new QListWidget(padre);
-    l->setObjectName(titolo);
-    l->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    colonna->addWidget(l);
-    return l;
-}
+const QString kFormTMFusione = QStringLiteral("BV_TMFusione");
 
 } // namespace
 
 BV_TMFusione::BV_TMFusione(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormTMFusione);
     setWindowTitle(QStringLiteral("Fusione"));
     auto* principale = new QHBoxLayout(this);
     auto* sinistra = new QVBoxLayout;
@@ -43,10 +35,10 @@ BV_TMFusione::BV_TMFusione(Stato& stato, QWidget* parent) : QDialog(parent), sta
     principale->addLayout(sinistra, 1);
     principale->addLayout(centro, 3);
     principale->addLayout(destra, 1);
-    archivio_ = Lista(this, QStringLiteral("Archivio Particelle"), sinistra);
-    inFusione_ = Lista(this, QStringLiteral("Particelle in Fusione"), sinistra);
-    anteprima_ = Lista(this, QStringLiteral("Anteprima Censuario"), centro);
-    memo_ = Lista(this, QStringLiteral("Memo"), centro);
+    archivio_ = ListaTitolata(this, QStringLiteral("Archivio Particelle"), sinistra);
+    inFusione_ = ListaTitolata(this, QStringLiteral("Particelle in Fusione"), sinistra);
+    anteprima_ = ListaTitolata(this, QStringLiteral("Anteprima Censuario"), centro);
+    memo_ = ListaTitolata(this, QStringLiteral("Memo"), centro);
     mantieni_ = new QCheckBox(QStringLiteral("Mantieni numerazione Mappale di Fusione"), this);
     destra->addWidget(mantieni_);
     tm_ = new QRadioButton(QStringLiteral("TM"), this);
@@ -118,7 +110,7 @@ BV_TMFusione::BV_TMFusione(Stato& stato, QWidget* parent) : QDialog(parent), sta
     // "Anteprima Proposta" has no action.
     connect(Pulsante(QStringLiteral("&Chiudi")), &QPushButton::clicked, this, &QDialog::reject);
     resize(1000, 560);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormTMFusione);
     Mostra();
 }
 
@@ -144,7 +136,7 @@ void BV_TMFusione::Mostra() {
 }
 
 void BV_TMFusione::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormTMFusione);
     QDialog::done(r);
 }
 

@@ -1,4 +1,5 @@
 #include "BV_TMVariazione.h"
+#include "lista_titolata.h"
 
 #include "posizione.h"
 
@@ -17,30 +18,21 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("BV_TMVariazione");
-
-QListWidget* Lista(QWidget* padre, const QString& titolo, QVBoxLayout* colonna) {
-    colonna->addWidget(new QLabel(titolo, padre));
-    auto* l = new QListWidget(padre);
-    l->setObjectName(titolo);
-    l->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    colonna->addWidget(l);
-    return l;
-}
+const QString kFormTMVariazione = QStringLiteral("BV_TMVariazione");
 
 } // namespace
 
 BV_TMVariazione::BV_TMVariazione(Stato& stato, const CampiParticella& particella, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormTMVariazione);
     setWindowTitle(QStringLiteral("TM Variazione"));
     auto* principale = new QHBoxLayout(this);
     auto* colonna = new QVBoxLayout;
     principale->addLayout(colonna, 4);
     auto* destra = new QVBoxLayout;
     principale->addLayout(destra, 1);
-    modello_ = Lista(this, QStringLiteral("Anteprima"), colonna);
-    memo_ = Lista(this, QStringLiteral("Memo"), colonna);
+    modello_ = ListaTitolata(this, QStringLiteral("Anteprima"), colonna);
+    memo_ = ListaTitolata(this, QStringLiteral("Memo"), colonna);
     for (const QString& caption :
          {QStringLiteral("Aggiungi a Memo"), QStringLiteral("&Azzera Memo"),
           QStringLiteral("&SN / SR"), QStringLiteral("Copia Memo"), QStringLiteral("Stampa Memo"),
@@ -51,7 +43,7 @@ BV_TMVariazione::BV_TMVariazione(Stato& stato, const CampiParticella& particella
     }
     destra->addStretch();
 
-    ConTrappola(stato_, kNomeForm, [&] { ModelloNuovo = ModelloVariazione(particella); });
+    ConTrappola(stato_, kFormTMVariazione, [&] { ModelloNuovo = ModelloVariazione(particella); });
     ConTrappola(stato_, QStringLiteral("Decozero_108"), [&] {
         DecoZeroNove(stato_);
         memo = RigheCensuarieDi(stato_.doc.TestoLibretto);
@@ -81,7 +73,7 @@ BV_TMVariazione::BV_TMVariazione(Stato& stato, const CampiParticella& particella
         Mostra();
     });
     resize(760, 420);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormTMVariazione);
     Mostra();
 }
 
@@ -101,7 +93,7 @@ void BV_TMVariazione::Mostra() {
 }
 
 void BV_TMVariazione::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormTMVariazione);
     QDialog::done(r);
 }
 

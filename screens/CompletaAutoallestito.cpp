@@ -20,7 +20,7 @@
 namespace tavolet {
 
 namespace {
-const QString kForm = QStringLiteral("CompletaAutoallestito");
+const QString kFormCompletaAutoallestito = QStringLiteral("CompletaAutoallestito");
 }
 
 CompletaAutoallestito::CompletaAutoallestito(Stato& stato, const QString& nomeEstratto,
@@ -109,14 +109,14 @@ CompletaAutoallestito::CompletaAutoallestito(Stato& stato, const QString& nomeEs
         provincia->setText(zero.value(6));
         foglio->setText(Right(zero.value(4), 4));
     });
-    RipristinaPosizioneForm(this, stato_, kForm);
+    RipristinaPosizioneForm(this, stato_, kFormCompletaAutoallestito);
 }
 
 void CompletaAutoallestito::Esegui(Stato& stato, const QString& nomeEstratto,
                                    const QString& tipoLavoro, QWidget* parent) {
     CompletaAutoallestito f(stato, nomeEstratto, tipoLavoro, parent);
     f.exec();
-    SalvaPosizioneForm(&f, stato, kForm);
+    SalvaPosizioneForm(&f, stato, kFormCompletaAutoallestito);
 }
 
 void CompletaAutoallestito::CaricaParticella() {

@@ -13,12 +13,12 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("AssegnaDescrizione");
+const QString kFormAssegnaDescrizione = QStringLiteral("AssegnaDescrizione");
 }
 
 FormAssegnaDescrizione::FormAssegnaDescrizione(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormAssegnaDescrizione);
     setWindowTitle(QStringLiteral("Assegna Descrizione"));
     stato_.EsitoDialogo = -1;
     auto* colonna = new QVBoxLayout(this);
@@ -40,7 +40,7 @@ FormAssegnaDescrizione::FormAssegnaDescrizione(Stato& stato, QWidget* parent)
     connect(assegna, &QPushButton::clicked, this, [this] { Assegna(); });
     connect(chiudi, &QPushButton::clicked, this, [this] { reject(); });
     resize(460, 110);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormAssegnaDescrizione);
 }
 
 void FormAssegnaDescrizione::Assegna() {
@@ -51,7 +51,7 @@ void FormAssegnaDescrizione::Assegna() {
 }
 
 void FormAssegnaDescrizione::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormAssegnaDescrizione);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

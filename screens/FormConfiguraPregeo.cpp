@@ -16,12 +16,12 @@ namespace tavolet {
 
 namespace {
 
-struct DefinizioneComando {
+struct ComandoPregeo {
     int indice;
     const char* caption;
 };
 
-const DefinizioneComando kComandi[] = {
+const ComandoPregeo kComandiPregeo[] = {
     {6, "&Salva"}, {7, "&Ricarica"}, {13, "Crea Co&llegamenti"}, {0, "&Chiudi"}};
 
 QString PerEditor(const QString& testo) {
@@ -49,7 +49,7 @@ FormConfiguraPregeo::FormConfiguraPregeo(Stato& stato, QWidget* parent)
     colonna->addWidget(editor_, 1);
 
     auto* riga = new QHBoxLayout;
-    for (const DefinizioneComando& d : kComandi) {
+    for (const ComandoPregeo& d : kComandiPregeo) {
         if (d.indice == 0) riga->addStretch(1);
         auto* b = new QPushButton(QString::fromUtf8(d.caption), this);
         b->setObjectName(QStringLiteral("Command1_%1").arg(d.indice));

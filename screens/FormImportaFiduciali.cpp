@@ -16,12 +16,12 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("FormImportaFiduciali");
+const QString kFormImportaFiduciali = QStringLiteral("FormImportaFiduciali");
 }
 
 FormImportaFiduciali::FormImportaFiduciali(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormImportaFiduciali);
     setWindowTitle(QStringLiteral("Importa Fiduciali da TAF"));
     stato_.EsitoDialogo = -1;
 
@@ -47,7 +47,7 @@ FormImportaFiduciali::FormImportaFiduciali(Stato& stato, QWidget* parent)
     connect(quote_, &QCheckBox::toggled, this, [this] { CaricaPieffe8(); });
 
     resize(760, 420);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormImportaFiduciali);
     CaricaPieffe8();
 }
 
@@ -85,7 +85,7 @@ void FormImportaFiduciali::EseguiComando(int indice) {
 }
 
 void FormImportaFiduciali::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormImportaFiduciali);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = 0;
     QDialog::done(r);
 }

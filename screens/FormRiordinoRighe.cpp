@@ -19,7 +19,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("FormRiordinoRighe");
+const QString kFormRiordinoRighe = QStringLiteral("FormRiordinoRighe");
 
 struct Riquadro {
     Gruppo gruppo;
@@ -49,7 +49,7 @@ const Riquadro kRiquadri[] = {
 FormRiordinoRighe::FormRiordinoRighe(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
     setWindowTitle(QStringLiteral("Riordino Righe"));
-    setObjectName(kNomeForm);
+    setObjectName(kFormRiordinoRighe);
     stato_.EsitoDialogo = -1;
 
     QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -108,7 +108,7 @@ FormRiordinoRighe::FormRiordinoRighe(Stato& stato, QWidget* parent)
     for (int c = 0; c < 4; ++c) griglia->setColumnStretch(c, 1);
 
     resize(1180, 760);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormRiordinoRighe);
 }
 
 int FormRiordinoRighe::Esegui(Stato& stato, QWidget* parent) {
@@ -147,7 +147,7 @@ void FormRiordinoRighe::Annulla() {
 }
 
 void FormRiordinoRighe::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormRiordinoRighe);
     QDialog::done(r);
 }
 

@@ -22,7 +22,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("FormStorico");
+const QString kFormStorico = QStringLiteral("FormStorico");
 
 QTableWidgetItem* Cella(const QString& testo, Qt::Alignment allineamento = Qt::AlignLeft) {
     auto* c = new QTableWidgetItem(testo);
@@ -34,7 +34,7 @@ QTableWidgetItem* Cella(const QString& testo, Qt::Alignment allineamento = Qt::A
 } // namespace
 
 FormStorico::FormStorico(Stato& stato, QWidget* parent) : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormStorico);
     const QString& libretto = stato_.doc.PercorsoLibretto;
     setWindowTitle(
         QStringLiteral("Storico Libretti - ") +
@@ -100,7 +100,7 @@ FormStorico::FormStorico(Stato& stato, QWidget* parent) : QDialog(parent), stato
     connect(chiudi, &QPushButton::clicked, this, &QDialog::reject);
     if (!versioni_.isEmpty()) tabella_->setCurrentCell(0, 0);
     resize(640, 520);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormStorico);
 }
 
 void FormStorico::MostraVersione(int indice) {
@@ -126,7 +126,7 @@ std::optional<VersioneLibretto> FormStorico::Esegui(Stato& stato, QWidget* paren
 }
 
 void FormStorico::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormStorico);
     QDialog::done(r);
 }
 

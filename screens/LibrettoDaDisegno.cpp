@@ -23,7 +23,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("LibrettoDaDisegno");
+const QString kFormLibrettoDaDisegno = QStringLiteral("LibrettoDaDisegno");
 const QString kFont = QStringLiteral("Courier New");
 
 // Colours of the plot (QB palette): points and contours, the lines of the survey, the joins
@@ -44,7 +44,7 @@ QListWidget* NuovaLista(QWidget* parent) {
 
 LibrettoDaDisegno::LibrettoDaDisegno(Stato& stato, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormLibrettoDaDisegno);
     stato_.EsitoDialogo = -1;
     resize(1280, 820);
 
@@ -175,7 +175,7 @@ LibrettoDaDisegno::LibrettoDaDisegno(Stato& stato, QWidget* parent)
     comandi->addWidget(chiudi);
     colonna->addLayout(comandi);
 
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormLibrettoDaDisegno);
     Carica();
 }
 
@@ -273,7 +273,7 @@ void LibrettoDaDisegno::ImpostaOpzioni(const OpzioniLibretto& o) {
 
 void LibrettoDaDisegno::Carica() {
     setWindowTitle(QStringLiteral("Libretto Fittizio : ") + stato_.doc.PercorsoLibretto);
-    ConTrappola(stato_, kNomeForm, [&] { CaricaDisegno(); });
+    ConTrappola(stato_, kFormLibrettoDaDisegno, [&] { CaricaDisegno(); });
 }
 
 void LibrettoDaDisegno::CaricaDisegno() {
@@ -358,7 +358,7 @@ void LibrettoDaDisegno::TerminaProcesso(int esito) {
 }
 
 void LibrettoDaDisegno::done(int r) {
-    if (!terminato_) SalvaPosizioneForm(this, stato_, kNomeForm);
+    if (!terminato_) SalvaPosizioneForm(this, stato_, kFormLibrettoDaDisegno);
     if (stato_.EsitoDialogo < 0) stato_.EsitoDialogo = r == QDialog::Accepted ? 1 : 0;
     QDialog::done(r);
 }

@@ -14,13 +14,13 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("MappaleDaMantenere");
+const QString kFormMappaleDaMantenere = QStringLiteral("MappaleDaMantenere");
 }
 
 MappaleDaMantenere::MappaleDaMantenere(Stato& stato, SceltaMappali& scelta, QWidget* parent)
     : QDialog(parent), stato_(stato), scelta_(scelta) {
     setWindowTitle(QStringLiteral("Mappale da Mantenere"));
-    setObjectName(kNomeForm);
+    setObjectName(kFormMappaleDaMantenere);
     stato_.EsitoDialogo = -1;
 
     mappali_ = new QListWidget(this);
@@ -56,7 +56,7 @@ MappaleDaMantenere::MappaleDaMantenere(Stato& stato, SceltaMappali& scelta, QWid
     colonna->addLayout(liste);
     colonna->addLayout(pulsanti);
     resize(760, 320);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormMappaleDaMantenere);
 }
 
 void MappaleDaMantenere::ConfermaMappali() {
@@ -69,7 +69,7 @@ void MappaleDaMantenere::ConfermaMappali() {
 }
 
 void MappaleDaMantenere::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormMappaleDaMantenere);
     QDialog::done(r);
 }
 

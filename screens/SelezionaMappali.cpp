@@ -15,13 +15,13 @@
 namespace tavolet {
 
 namespace {
-const QString kNomeForm = QStringLiteral("SelezionaMappali");
+const QString kFormSelezionaMappali = QStringLiteral("SelezionaMappali");
 }
 
 SelezionaMappali::SelezionaMappali(Stato& stato, SceltaMappali& scelta, QWidget* parent)
     : QDialog(parent), stato_(stato), scelta_(scelta) {
     setWindowTitle(TitoloSelezionaMappali(stato_));
-    setObjectName(kNomeForm);
+    setObjectName(kFormSelezionaMappali);
     stato_.EsitoDialogo = -1;
 
     lista_ = new QListWidget(this);
@@ -50,7 +50,7 @@ SelezionaMappali::SelezionaMappali(Stato& stato, SceltaMappali& scelta, QWidget*
     colonna->addWidget(lista_);
     colonna->addLayout(pulsanti);
     resize(760, 420);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormSelezionaMappali);
 }
 
 void SelezionaMappali::Conferma() {
@@ -67,7 +67,7 @@ void SelezionaMappali::Conferma() {
 }
 
 void SelezionaMappali::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormSelezionaMappali);
     QDialog::done(r);
 }
 

@@ -26,7 +26,7 @@ namespace tavolet {
 
 namespace {
 
-const QString kNomeForm = QStringLiteral("Tipol10");
+const QString kFormTipol10 = QStringLiteral("Tipol10");
 
 } // namespace
 
@@ -163,7 +163,7 @@ void PiantaTipologia::mousePressEvent(QMouseEvent* e) {
 
 Tipol10::Tipol10(Stato& stato, const QString& casistica, QWidget* parent)
     : QDialog(parent), stato_(stato) {
-    setObjectName(kNomeForm);
+    setObjectName(kFormTipol10);
     lavoro_.Codice = casistica;
     const AperturaTipologia apertura = ApriTipologia(stato_, casistica);
     setWindowTitle(apertura.titolo);
@@ -253,7 +253,7 @@ Tipol10::Tipol10(Stato& stato, const QString& casistica, QWidget* parent)
         pianta_->Mostra(righe);
     }
     resize(980, 640);
-    RipristinaPosizioneForm(this, stato_, kNomeForm);
+    RipristinaPosizioneForm(this, stato_, kFormTipol10);
     stato_.EsitoDialogo = -1;
 }
 
@@ -291,7 +291,7 @@ void Tipol10::DopoGenerazione(bool fatto) {
 }
 
 void Tipol10::done(int r) {
-    SalvaPosizioneForm(this, stato_, kNomeForm);
+    SalvaPosizioneForm(this, stato_, kFormTipol10);
     QDialog::done(r);
 }
 

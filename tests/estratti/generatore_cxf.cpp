@@ -9,7 +9,7 @@ namespace tavolet::test {
 
 namespace {
 
-struct Generatore {
+struct GeneratoreCxf {
     std::mt19937 rng;
     bool strano;
     QString t;
@@ -52,7 +52,7 @@ Anello Quadrato(double x, double y, double lato) {
 } // namespace
 
 FoglioCxf GeneraCxf(const OpzioniCxf& o) {
-    Generatore g{std::mt19937(o.seme), o.stranezze, {}};
+    GeneratoreCxf g{std::mt19937(o.seme), o.stranezze, {}};
     FoglioCxf f;
     f.sup = QStringLiteral("H501D0767  SUPERFICI\r\n");
     g.voce(QStringLiteral("MAPPA"));

@@ -37,7 +37,7 @@ void Confronta(const QString& cxf, const QStringList& sup, const std::string& ca
     }
 }
 
-const QString kTesta = "MAPPA\r\nH501D076700\r\n4000.000\r\n";
+const QString kTestaCxf = "MAPPA\r\nH501D076700\r\n4000.000\r\n";
 
 } // namespace
 
@@ -85,13 +85,15 @@ TEST(Cxf, InputRottoNonScriveNulla) {
     QStringList righe;
     for (int k = 0; k < 600; ++k) righe << "4";
     const QList<std::pair<QString, int>> casi = {
-        {kTesta + "BORDO\r\n12\r\n12\r\n0.000\r\n1\r\n2\r\n3\r\n4\r\n0\r\n5\r\n1.0\r\n", 62},
-        {kTesta + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n0\r\n1e9\r\n1.0\r\n2.0\r\n", 62},
-        {kTesta + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n0\r\n1e12\r\n", 6},
-        {kTesta + "BORDO\r\n1\r\n12\r\n0.000\r\n1\r\n2\r\n3\r\n4\r\n0\r\n2\r\n1.0\r\nabc\r\n2.0\r\n"
-                  "3.0\r\n",
+        {kTestaCxf + "BORDO\r\n12\r\n12\r\n0.000\r\n1\r\n2\r\n3\r\n4\r\n0\r\n5\r\n1.0\r\n", 62},
+        {kTestaCxf + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n0\r\n1e9\r\n1.0\r\n2.0\r\n",
+         62},
+        {kTestaCxf + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n0\r\n1e12\r\n", 6},
+        {kTestaCxf +
+             "BORDO\r\n1\r\n12\r\n0.000\r\n1\r\n2\r\n3\r\n4\r\n0\r\n2\r\n1.0\r\nabc\r\n2.0\r\n"
+             "3.0\r\n",
          13},
-        {kTesta + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n600\r\n2400\r\n" +
+        {kTestaCxf + "BORDO\r\n12\r\n12\r\n0\r\n1\r\n2\r\n3\r\n4\r\n600\r\n2400\r\n" +
              righe.join("\r\n"),
          9},
     };

@@ -10,7 +10,8 @@ using namespace tavolet::test;
 
 namespace {
 
-const QString kTesta = QStringLiteral("0|15032024|PD0012345/2024|A001|00120|257|PD|0|0|0|");
+const QString kTestaScrittura =
+    QStringLiteral("0|15032024|PD0012345/2024|A001|00120|257|PD|0|0|0|");
 
 struct Scrittura : ::testing::Test {
     PiattaformaFinta piattaforma;
@@ -95,7 +96,7 @@ TEST_F(Scrittura, CalcolaAreaRigaSette) {
 }
 
 TEST_F(Scrittura, CartellaMancanteNessunFile) {
-    Estratto e = EsplodiTestoEstratto(stato, DaWindows1252(Righe({kTesta, "8|1%|0|0|"})),
+    Estratto e = EsplodiTestoEstratto(stato, DaWindows1252(Righe({kTestaScrittura, "8|1%|0|0|"})),
                                       "C:\\non\\esiste\\E.EMP");
     EXPECT_FALSE(SalvaEstratto1(stato, e));
     ASSERT_EQ(piattaforma.Messaggi().size(), 1);
@@ -106,5 +107,5 @@ TEST_F(Scrittura, CartellaMancanteNessunFile) {
     CreaCartella("C:\\pregeo\\estratti");
     EXPECT_TRUE(SalvaEstratto1(stato, e));
     EXPECT_TRUE(e.Punti.isEmpty());
-    EXPECT_EQ(radice.Leggi(percorso), Righe({kTesta, "8|1%|0|0|", ""}));
+    EXPECT_EQ(radice.Leggi(percorso), Righe({kTestaScrittura, "8|1%|0|0|", ""}));
 }
