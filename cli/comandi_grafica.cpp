@@ -13,6 +13,7 @@ struct OpzioniGrafica {
     qint16 nomiNo = 0, toponimiNo = 0, pfNo = 0, proposta = 0;
     int larghezza = 1280, altezza = 800;
     bool valide = true;
+    bool tuttiNomi = false;
 };
 
 OpzioniGrafica LeggiOpzioni(const QStringList& argomenti) {
@@ -27,6 +28,8 @@ OpzioniGrafica LeggiOpzioni(const QStringList& argomenti) {
             o.pfNo = 1;
         else if (a == u"--proposta")
             o.proposta = 1;
+        else if (a == u"--tutti-i-nomi")
+            o.tuttiNomi = true;
         else if ((a == u"--larghezza" || a == u"--altezza") && i + 1 < argomenti.size()) {
             bool ok = false;
             const int v = argomenti[++i].toInt(&ok);
@@ -97,8 +100,9 @@ const Registra copiainfile(Esportatore("copiainfile",
                                        }));
 
 const Registra png({{"grafica", "png"},
-                    kUso + QStringLiteral(" [--larghezza W] [--altezza H]"),
-                    "disegna IN in un'immagine PNG (1280x800 se non detto)",
+                    kUso + QStringLiteral(" [--larghezza W] [--altezza H] [--tutti-i-nomi]"),
+                    "disegna IN in un'immagine PNG (1280x800 se non detto; i nomi che si "
+                    "coprirebbero restano fuori, salvo --tutti-i-nomi)",
                     2,
                     [](Contesto& c) {
                         if (!Disegno().Caricato()) {
@@ -115,7 +119,7 @@ const Registra png({{"grafica", "png"},
                         if (const int esito = Carica(c, o, g); esito >= 0) return esito;
                         const QString out = PercorsoArgomento(o.posizionali[1]);
                         const QString locale = PercorsoLocale(out);
-                        if (Disegno().png(&g, o.larghezza, o.altezza, &locale) != 0) {
+                        if (Disegno().png(&g, o.larghezza, o.altezza, &locale, !o.tuttiNomi) != 0) {
                             c.piattaforma.Messaggio(
                                 QStringLiteral("Impossibile scrivere il file ") + out,
                                 QStringLiteral("Grafica"), Icona::Critico);

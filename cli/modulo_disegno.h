@@ -16,8 +16,8 @@ namespace tavolet::cli {
 struct ModuloDisegno {
     // The GUI application, on the offscreen platform unless another is set.
     QCoreApplication* (*applicazione)(int* argc, char** argv) = nullptr;
-    // Draws the plot into a PNG of w x h: 0 when written.
-    int (*png)(const ModelloGrafica* g, int w, int h, const QString* file) = nullptr;
+    // Draws the plot into a PNG of w x h, thinned as on screen when dirada: 0 when written.
+    int (*png)(const ModelloGrafica* g, int w, int h, const QString* file, bool dirada) = nullptr;
     bool Caricato() const { return applicazione && png; }
 };
 

@@ -222,6 +222,9 @@ void BV_Fraziona::Mostra() {
             cella->setBackground(ColoreCella(f_.Colore(i, c)));
         }
     }
+    // Nine narrow columns: each as wide as its caption or its widest value, so that SR/SN, the
+    // fixed area and the identifier are in sight without scrolling.
+    schema_->resizeColumnsToContents();
     if (f_.RigaCorrente >= 1 && f_.RigaCorrente < g.size())
         schema_->setCurrentCell(f_.RigaCorrente - 1, std::max(0, schema_->currentColumn()));
     Riempi(anteprima_, f_.AnteprimaModello);
