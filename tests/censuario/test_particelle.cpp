@@ -19,9 +19,6 @@ TEST(Particelle, RegoleDeiCampi) {
     EXPECT_EQ(c.SupGrafica, "90");
     EXPECT_EQ(c.RedditoDominicale, "1.5");
     EXPECT_EQ(c.Flag, "SR");
-    // A file of one field gives empty fields, not a failure.
-    const CampiParticella uno = CampiDaParticella("X.MAP", "6", {});
-    EXPECT_TRUE(uno.Qualita.isEmpty());
     EXPECT_EQ(MappaliInLibretto("A001", "0012", "35, 36"),
               (QStringList{"A001_00012_35.MAP", "A001_00012_36.MAP"}));
     EXPECT_EQ(MappaliInProposta(ConCensuario::Attese("modello_atteso.txt")).size(), 3);
@@ -74,14 +71,7 @@ TEST_F(ConCensuario, ParticelleDalModelloDelFrazionamento) {
 }
 
 TEST_F(ConCensuario, ParticelleDaEstratto) {
-    const QStringList conParticelle = {"0|01012020|PD1/2020|A001|00012|35|PD|",
-                                       "6|PARTICELLA|35|01|SEMINATIVO  |29380|29380|0|0|",
-                                       "6|PARTICELLA|36|00|ENTE URBANO |1200|1200|0|0|"};
-    const QList<FileParticella> a = ParticelleDaEstratto(conParticelle, "B000", "9999");
-    ASSERT_EQ(a.size(), 2);
-    EXPECT_EQ(a[1].nome, "A001_00012_36.Map");
-    EXPECT_EQ(a[1].riga, conParticelle[2]);
-
+    // Parcel rows are the command line's; an extract of outlines alone gives their parcels.
     const QStringList soloContorni = {
         "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|",
         "7|5|1%|2%|3%|4%|1%|NC|35|35|29380|",

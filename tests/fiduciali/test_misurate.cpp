@@ -100,22 +100,6 @@ TEST_F(Misurate, MisurateDa1PF) {
                                         "scaricarlo ora?"}));
 }
 
-TEST_F(Misurate, SceltaEdEliminazioneArchivio) {
-    EXPECT_EQ(FileDdd(s), QStringList({"PD2015.DDD", "PD2020.DDD"}));
-    EXPECT_FALSE(SelezionaLeMisurate(s, ""));
-    EXPECT_EQ(p.Messaggi(), QStringList({"Seleziona archivio: Selezionare un Database!!"}));
-    EXPECT_TRUE(SelezionaLeMisurate(s, "pd2015.ddd"));
-    EXPECT_EQ(s.doc.NomeMisurate, "PD2015.DDD");
-    EXPECT_EQ(s.UltimoRisultato, "PD2015.DDD");
-    p.risposte = {Risposta::No};
-    EXPECT_FALSE(EliminaDatabaseMisurate(s, "PD2015.DDD"));
-    EXPECT_TRUE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
-    p.risposte = {Risposta::Si};
-    EXPECT_TRUE(EliminaDatabaseMisurate(s, "PD2015.DDD"));
-    EXPECT_FALSE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
-    EXPECT_EQ(p.Domande().last(), "Eliminazione Database: Eliminare definitivamente PD2015.DDD ??");
-}
-
 TEST(RigaDdd, CampiEBrevi) {
     const MisuraDdd m =
         LeggiRigaDdd("PF01/0100/A001   PF02/0100/A001       383.512   0.030  2009  PD0012345");

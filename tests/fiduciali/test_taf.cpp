@@ -1,5 +1,5 @@
-// The TAF reader, the second composition of a code, the grid and its printed selection, the
-// rows 8 from the TAF and the mean height.
+// The TAF reader, the second composition of a code, the rows 8 from the TAF and the mean
+// height (the grid and its printed selection are the screen's).
 #include "fiduciali.h"
 #include "generatore_taf.h"
 #include "supporto.h"
@@ -41,22 +41,6 @@ TEST(LetturaTaf, CampiFuoriDallaGrigliaECodici) {
     EXPECT_EQ(CodiceComposto(riga), "PF03/0070/A001");
     EXPECT_EQ(CodiceComposto(QString()), "PF/0/");
     EXPECT_EQ(ComuneDelPF("PF03"), "");
-    EXPECT_TRUE(IndirizzoMonografia("A 01", "PF 1")
-                    .endsWith("/Monografie/risultato.php?comune=A%2001&co=PF%201"));
-}
-
-TEST_F(Taf, StampaSelezioneGolden) {
-    const QList<QStringList> g = GrigliaTaf(Campione());
-    // Only the header row: nothing is written.
-    EXPECT_FALSE(StampaSelezioneTaf(s, g, 0, 0));
-    EXPECT_FALSE(EsisteFile(s.amb.CartellaLavoro + "\\temp\\Stampa_TAF.CSV"));
-    // The two ends in either order give the rows between them.
-    ASSERT_TRUE(StampaSelezioneTaf(s, g, 3, 1));
-    const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_TAF";
-    ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_TAF.CSV");
-    ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_TAF.TXT");
-    // Showing them is the screen's business: nothing is opened from here.
-    EXPECT_TRUE(p.eventi.isEmpty());
 }
 
 TEST_F(Taf, CaricaPieffe8) {
@@ -111,18 +95,6 @@ TEST_F(Taf, QuotaMediaUltimaRigaVince) {
     s.testata.CodiceComuneLibretto = "Z999";
     EXPECT_FALSE(LeggiQuotaMediaComune(s));
     EXPECT_EQ(s.testata.QuotaMedia, "15.5");
-}
-
-TEST_F(Taf, ComuniDellaProvincia) {
-    radice.Scrivi("C:\\pregeo\\arch\\PADOVA.TXT",
-                  Righe({"|A|001|D3AB| ABANO TERME |", "|G|224|D3PD|PADOVA|"}));
-    EXPECT_TRUE(FileProvince(s).contains("PADOVA.TXT"));
-    const QList<ComuneTaf> comuni = LeggiComuniProvincia(s, "PADOVA.TXT");
-    ASSERT_EQ(comuni.size(), 2);
-    EXPECT_EQ(comuni[0].codice, "A001");
-    EXPECT_EQ(comuni[0].nome, "ABANO TERME");
-    EXPECT_EQ(LeggiTafComune(s, comuni[0].codice).size(), 8);
-    EXPECT_TRUE(LeggiTafComune(s, comuni[1].codice).isEmpty());
 }
 
 } // namespace tavolet::test

@@ -30,45 +30,29 @@ TEST_F(Disegno, LePassateInOrdineConScalaColoriERaggio) {
     const double a = vista.Altezza;
     const double r = tela.larghezzaMm / tela.altezzaMm;
     EXPECT_DOUBLE_EQ(vista.Rapporto, r);
-    ASSERT_EQ(tela.scala.size(), 4);
-    EXPECT_DOUBLE_EQ(tela.scala[0], -a * r / 2);
-    EXPECT_DOUBLE_EQ(tela.scala[1], a / 2);
-    EXPECT_DOUBLE_EQ(tela.scala[2], a * r / 2);
-    EXPECT_DOUBLE_EQ(tela.scala[3], -a / 2);
-    // Lines, markers, toponyms, names, labels.
+    EXPECT_EQ(tela.scala, (QList<double>{-a * r / 2, a / 2, a * r / 2, -a / 2}));
+    // Lines, markers, toponyms, names, labels; every point but toponyms and labels gets a
+    // marker: 22 + 3 + 2, in the world moved by the centre.
     EXPECT_EQ(tela.Sequenza(), "linea cerchio testo");
     EXPECT_EQ(tela.DiTipo("linea").size(), 26);
-    // Every point but toponyms and labels gets a marker: 22 + 3 + 2.
     const QList<Tratto> cerchi = tela.DiTipo("cerchio");
     ASSERT_EQ(cerchi.size(), 27);
-    EXPECT_DOUBLE_EQ(cerchi[0].raggio, a / 400);
-    // The world is moved by the centre.
-    EXPECT_DOUBLE_EQ(cerchi[0].x1, -3790 - vista.CentroX);
-    EXPECT_DOUBLE_EQ(cerchi[0].y1, -5690 - vista.CentroY);
-
+    EXPECT_EQ(std::tuple(cerchi[0].raggio, cerchi[0].x1, cerchi[0].y1),
+              std::tuple(a / 400, -3790 - vista.CentroX, -5690 - vista.CentroY));
     const QList<Tratto> testi = tela.DiTipo("testo");
     ASSERT_EQ(testi.size(), 2 + 27 + 4);
-    EXPECT_EQ(testi[0].testo, "VIA DEI MILLE");
+    EXPECT_EQ(std::tuple(testi[0].testo, testi[0].font, testi[0].altezza),
+              std::tuple("VIA DEI MILLE", "Arial Narrow", 8 * 20 / 15.0));
     EXPECT_NEAR(testi[0].angolo, 90, 1e-6);
-    EXPECT_EQ(testi[0].font, "Arial Narrow");
-    EXPECT_DOUBLE_EQ(testi[0].altezza, 8 * 20 / 15.0);
-    EXPECT_EQ(testi[2].testo, "40%");
-    EXPECT_EQ(testi.last().testo, " 258+");
-    EXPECT_DOUBLE_EQ(testi.last().altezza, 16);
-    // The line records keep their pen.
-    const QList<Tratto> linee = tela.DiTipo("linea");
-    EXPECT_EQ(linee.last().colore, 12);
-    EXPECT_EQ(linee.last().stile, 1);
-}
+    EXPECT_EQ(std::tuple(testi.last().testo, testi.last().altezza), std::tuple(" 258+", 16));
 
-TEST_F(Disegno, NomiNoEToponimiNoTolgonoITestiMaNonLeEtichette) {
-    BV_CaricaEstratto_EMP(s, g, PercorsoDati("grafica/ESTRATTO.EMP"));
+    // Names and toponyms off: the parcel labels alone stay.
     vista.NomiNo = 1;
     vista.ToponimiNo = 1;
-    BV_RidisegnaGrafica(g, tela);
-    const QList<Tratto> testi = tela.DiTipo("testo");
-    ASSERT_EQ(testi.size(), 4);
-    for (const Tratto& t : testi) EXPECT_TRUE(t.testo.startsWith(' '));
+    TelaRegistratore senzaNomi;
+    BV_RidisegnaGrafica(g, senzaNomi);
+    ASSERT_EQ(senzaNomi.DiTipo("testo").size(), 4);
+    for (const Tratto& t : senzaNomi.DiTipo("testo")) EXPECT_TRUE(t.testo.startsWith(' '));
 }
 
 TEST_F(Disegno, IMarcatoriSoloDentroIlRiquadroStretto) {
