@@ -1,4 +1,5 @@
 // The commands of the main form, clicked by caption, on the demo libretto.
+#include "BV_ControlloAtto.h"
 #include "BV_EditorGen.h"
 #include "form_demo.h"
 #include "schermi.h"
@@ -7,8 +8,12 @@
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QTableWidget>
 #include <QTimer>
+
+#include <algorithm>
 
 using namespace tavolet;
 using namespace tavolet::test;
@@ -29,6 +34,11 @@ struct ComandiForm : FormAperto {
             ASSERT_NE(editor, nullptr);
             passi(editor);
         });
+    }
+    void Tasto(Qt::Key k, Qt::KeyboardModifiers m = Qt::ControlModifier) {
+        // After a modal screen the window manager gives the form back its activation.
+        QApplication::setActiveWindow(form.get());
+        QTest::keyClick(form->Lista(), k, m);
     }
 };
 
@@ -100,42 +110,6 @@ TEST_F(ComandiForm, SelezioniCopiaEProgrammi) {
     EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
 }
 
-TEST_F(ComandiForm, CancellaConLeRighe1e2Selezionate) {
-    // Rows 0 and 9 stay whatever the selection.
-    const int n = form->Lista()->count();
-    for (int r : {0, 1, 3}) form->Lista()->item(r)->setSelected(true);
-    p.risposte << Risposta::Si;
-    form->Lista()->setFocus();
-    QTest::keyClick(form->Lista(), Qt::Key_Delete);
-    EXPECT_EQ(p.Domande(),
-              QStringList{"Elimina righe dal Libretto: Eliminare le Righe selezionate?"});
-    EXPECT_EQ(form->Lista()->count(), n - 1);
-    EXPECT_TRUE(form->Lista()->item(0)->text().startsWith("0|15032024|"));
-    EXPECT_TRUE(form->Lista()->item(1)->text().startsWith("9|"));
-    EXPECT_FALSE(s.doc.TestoLibretto.contains("1|100|1.550|"));
-}
-
-TEST_F(ComandiForm, DaExcelELibrettoPerCoordinate) {
-    const int n = form->Lista()->count();
-    p.appunti = "50\t1,5\t2,5\r\n51\t3\t4\r\n";
-    form->Voce("Da Excel", "Righe 8 - (P, N, E)")->trigger();
-    EXPECT_EQ(form->Lista()->count(), n + 2);
-    EXPECT_EQ(form->Lista()->item(n)->text(), "2|50|1.5|2.5|");
-    p.appunti = "50\t1,5\t2,5\r\n51\t3\t4";
-    form->Voce("Da Excel", "Righe 8 Nome Auto (N, E)")->trigger();
-    EXPECT_EQ(form->Lista()->count(), n + 3);
-    EXPECT_EQ(form->Lista()->item(n + 2)->text(), "2|1|50|1.5|2.5|");
-
-    p.appunti = "  7   10.000  +/-  0.010   20.000  +/-  0.010\r\n";
-    form->Voce("Tipologie Automatizzate", "Libretto per coordinate da Elaborazione Pregeo")
-        ->trigger();
-    // A document of one row gets row 9 behind it first, then rows 0 and 9 in front: the
-    // list then holds row 9 twice, as the list has always been rebuilt.
-    ASSERT_EQ(form->Lista()->count(), 4);
-    EXPECT_EQ(form->Lista()->item(2)->text(), "8|7|10.000|0.010|");
-    EXPECT_EQ(form->Lista()->item(3)->text(), form->Lista()->item(1)->text());
-}
-
 TEST_F(ComandiForm, EditorConLaDomandaDiUscitaECtrlZ) {
     const QStringList originali = Voci(form->Lista());
     QStringList visti;
@@ -173,3 +147,123 @@ TEST_F(ComandiForm, EditorConLaDomandaDiUscitaECtrlZ) {
     QTest::keyClick(form->Lista(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Voci(form->Lista()), originali);
 }
+
+TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
+    const QStringList esempio = Voci(form->Lista());
+    radice.Scrivi("C:\\Lavori\\COMPLETO.DAT", Dati("riordino/completo.dat"));
+    // A real drop event on the list: only the first file counts.
+    QMimeData dati;
+    dati.setUrls({QUrl::fromLocalFile(PercorsoLocale("C:\\Lavori\\COMPLETO.DAT")),
+                  QUrl::fromLocalFile("/x.doc")});
+    p.risposte << Risposta::Si;
+    ASSERT_TRUE(form->TrascinaDati(&dati));
+    QTest::qWait(10);
+    EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
+    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Lavori\\COMPLETO.DAT");
+    EXPECT_EQ(Stato(), "Aperto C:\\Lavori\\COMPLETO.DAT");
+    const QStringList caricate = Voci(form->Lista());
+    ASSERT_NE(caricate, esempio);
+    EXPECT_EQ(s.testata.CodiceComuneLibretto, "G224");
+
+    QTimer::singleShot(0, [] { Clic(QApplication::activeModalWidget(), "&Conferma"); });
+    Clic(form.get(), "Ordina");
+    const QStringList riordinate = Voci(form->Lista());
+    ASSERT_NE(riordinate, caricate);
+    EXPECT_EQ(Stato(), "Righe riordinate");
+
+    Tasto(Qt::Key_Z);
+    EXPECT_EQ(Voci(form->Lista()), caricate);
+    // The drop is a step too: its libretto and its file name go back together.
+    Tasto(Qt::Key_Z);
+    EXPECT_EQ(Voci(form->Lista()), esempio);
+    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\ESEMPIO.DAT");
+    EXPECT_EQ(s.doc.NomeEstratto, "G693_0012.EMP");
+    // The head comes back with rows 0 and 9: the title as before.
+    EXPECT_EQ(s.testata.CodiceComuneLibretto, "G693");
+    EXPECT_TRUE(form->windowTitle().contains("[CF Comune : G693 - PIOVE DI SACCO]"));
+    Tasto(Qt::Key_Y);
+    Tasto(Qt::Key_Y);
+    EXPECT_EQ(Voci(form->Lista()), riordinate);
+    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Lavori\\COMPLETO.DAT");
+}
+
+// "Controllo Atto": the grid, the double click on a finding, Aggiorna, Esporta, and the question
+// before "Salva in Pregeo" with the option on and off.
+namespace {
+
+struct ControlloDalForm : FormSuDemo {
+    void SetUp() override {
+        FormSuDemo::SetUp();
+        // Point 9 of the second outline is neither observed nor given coordinates.
+        QByteArray libretto = radice.Leggi("C:\\Libretti\\ESEMPIO.DAT");
+        libretto.replace("7|4|1|5|3|4|N|", "7|4|1|5|3|9|N|");
+        radice.Scrivi("C:\\Libretti\\ESEMPIO.DAT", libretto);
+        Apri();
+    }
+};
+
+TEST_F(ControlloDalForm, GrigliaDoppioClicAggiornaEsporta) {
+    QAction* voce = form->Voce("Utilità", "Controllo Atto");
+    ASSERT_NE(voce, nullptr);
+    EXPECT_EQ(voce->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
+    voce->trigger();
+    BV_ControlloAtto* c = form->ControlloAtto();
+    ASSERT_NE(c, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(c));
+    // The unknown point and the extract's age (today is 15 January 2026); sorted by row.
+    EXPECT_EQ(c->windowTitle(), "Controllo Atto - 2 errori, 2 avvisi");
+    QTableWidget* g = c->Griglia();
+    ASSERT_EQ(g->rowCount(), 4);
+    EXPECT_EQ(g->horizontalHeaderItem(0)->text(), "Gravità");
+    QStringList righe;
+    for (int r = 0; r < g->rowCount(); ++r) righe << g->item(r, 1)->text() + g->item(r, 2)->text();
+    EXPECT_EQ(righe,
+              (QStringList{"0RELAZIONE", "0ESTRATTO_SCADUTO", "1DATA_PASSATA", "17PUNTO_IGNOTO"}));
+    c->grab().save(QDir::tempPath() + "/tavolet_controllo_atto.png");
+
+    const QPoint cella = g->visualItemRect(g->item(3, 3)).center();
+    QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, cella);
+    QTest::mouseDClick(g->viewport(), Qt::LeftButton, {}, cella);
+    EXPECT_EQ(form->Lista()->currentRow(), 16);
+    EXPECT_EQ(form->Lista()->selectedItems().size(), 1);
+    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{16});
+
+    // The operator mends the row: "Aggiorna" finds the act without that fault.
+    form->Lista()->item(16)->setText("7|4|1|5|3|4|N|");
+    s.doc.RigheLibretto.Imposta(16, "7|4|1|5|3|4|N|");
+    Clic(c, "Aggiorna");
+    EXPECT_EQ(c->windowTitle(), "Controllo Atto - 1 errore, 2 avvisi");
+
+    Clic(c, "Esporta");
+    EXPECT_EQ(radice.Leggi("C:\\Libretti\\ESEMPIO_CONTROLLO.TXT"),
+              AWindows1252(TestoRapporto(c->Rilievi())));
+    EXPECT_EQ(p.Messaggi().last(), "Controllo Atto: Controllo esportato in\r\n" +
+                                       PercorsoRapporto(s.doc.PercorsoLibretto));
+}
+
+TEST_F(ControlloDalForm, SalvaInPregeoChiedeSeCiSonoErrori) {
+    const QString domanda = "Controllo Atto: Il controllo dell'atto ha trovato 2 errori.\r\n"
+                            "Salvare comunque?";
+    auto avviati = [&] {
+        return std::count_if(p.eventi.begin(), p.eventi.end(),
+                             [](const Evento& e) { return e.tipo == "avvia"; });
+    };
+    // The default answer is No: the report stays on screen and Sarquad does not start.
+    Clic(form.get(), "&Salva in Pregeo");
+    EXPECT_EQ(p.Domande(), QStringList{domanda});
+    EXPECT_EQ(avviati(), 0);
+    ASSERT_NE(form->ControlloAtto(), nullptr);
+    EXPECT_TRUE(form->ControlloAtto()->isVisible());
+    p.risposte << Risposta::Si;
+    Clic(form.get(), "&Salva in Pregeo");
+    EXPECT_EQ(p.Domande().size(), 2);
+    EXPECT_EQ(avviati(), 1);
+    // With the option off nothing is asked.
+    QListWidget* opzioni = form->OpzioniSalvataggio();
+    opzioni->item(opzioni->count() - 1)->setCheckState(Qt::Unchecked);
+    Clic(form.get(), "&Salva in Pregeo");
+    EXPECT_EQ(p.Domande().size(), 2);
+    EXPECT_EQ(avviati(), 2);
+}
+
+} // namespace

@@ -1,4 +1,4 @@
-// What a desktop user meets without thinking: Italian standard buttons, Ctrl+O, Ctrl+C, Ctrl+F,
+// What a desktop user meets without thinking: Italian standard buttons, Ctrl+C, Ctrl+F,
 // F1, Ctrl+S, the status bar that says what the last command did, and desktop launchers.
 #include "form_demo.h"
 #include "piattaforma_qt.h"
@@ -6,7 +6,6 @@
 #include "traduzioni.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -35,7 +34,7 @@ void RispondiCon(Qt::Key tasto, QStringList* visti = nullptr) {
 
 } // namespace
 
-TEST(TraduzioniItaliane, DomandeEDialoghiDiFile) {
+TEST(TraduzioniItaliane, DomandeConSiNoEAnnulla) {
     ASSERT_TRUE(InstallaTraduzioniItaliane());
     RadiceProva radice;
     CopiaDemo(radice.Percorso());
@@ -77,55 +76,6 @@ TEST(TraduzioniItaliane, DomandeEDialoghiDiFile) {
     EXPECT_EQ(qt.Domanda("Salvare?", "Uscita da Editor", Pulsanti::SiNoAnnulla, Risposta::Si),
               Risposta::Annulla);
     EXPECT_EQ(annulla, "Annulla");
-
-    // Qt's own file dialog speaks Italian too.
-    QFileDialog file(nullptr, "Apri Libretto", QDir::tempPath());
-    file.setOption(QFileDialog::DontUseNativeDialog);
-    file.setAcceptMode(QFileDialog::AcceptSave);
-    file.show();
-    QStringList testi;
-    for (QLabel* l : file.findChildren<QLabel*>()) testi << l->text();
-    for (QAbstractButton* b : file.findChildren<QAbstractButton*>()) testi << b->text();
-    EXPECT_TRUE(testi.contains("&Nome del file:")) << testi.join(" | ").toStdString();
-    EXPECT_TRUE(testi.contains("Annulla")) << testi.join(" | ").toStdString();
-}
-
-TEST_F(Scorciatoie, CtrlOComeUnTrascinamento) {
-    radice.Scrivi("C:\\Altro\\B.TXT",
-                  "0|01012025|9|L736B|0001|1|A B|G|PADOVA|\r\n9|1|\r\n1|1|\r\n2|3|\r\n");
-    // Cancelled: nothing happens.
-    QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
-    ASSERT_FALSE(p.eventi.isEmpty());
-    EXPECT_EQ(p.eventi.last().tipo, "apri");
-    EXPECT_EQ(p.eventi.last().testo, "C:\\LIBRETTI");
-    EXPECT_EQ(form->Lista()->count(), 24);
-
-    // The dialog answers with a host path, as the real one does: the same question as a drop,
-    // then the libretto under its Windows name.
-    p.fileDaAprire << PercorsoLocale("C:\\Altro\\B.TXT");
-    QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
-    EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
-    EXPECT_EQ(form->Lista()->count(), 4);
-    EXPECT_EQ(form->Contatore()->text(), "0 / 4");
-    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Altro\\B.TXT");
-    EXPECT_EQ(Stato(), "Aperto C:\\Altro\\B.TXT");
-    EXPECT_TRUE(
-        form->windowTitle().contains("[CF Comune : L736B - VENEZIA MURANO] [Provincia : VENEZIA]"));
-
-    // Answered no, or a kind that is not a libretto: the drop's answers.
-    p.risposte << Risposta::No;
-    p.fileDaAprire << PercorsoLocale("C:\\Libretti\\ESEMPIO.DAT") << "/tmp/disegno.DXF"
-                   << "/tmp/foto.jpg";
-    for (int i = 0; i < 3; ++i) QTest::keyClick(form.get(), Qt::Key_O, Qt::ControlModifier);
-    EXPECT_EQ(form->Lista()->count(), 4);
-    EXPECT_EQ(p.Messaggi(),
-              (QStringList{"Trascina Libretto: Processo non attivo!",
-                           "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF"}));
-
-    // The menu entry kept without action stays so.
-    const int eventi = p.eventi.size();
-    form->Voce("     &File    ", "Apri Libretto da File")->trigger();
-    EXPECT_EQ(p.eventi.size(), eventi);
 }
 
 TEST_F(Scorciatoie, CtrlCCtrlFF1CtrlS) {

@@ -297,15 +297,6 @@ TEST(AttesaProgramma, InterrompiFermaIlProgrammaEProsegue) {
     EXPECT_EQ(p.AvviaEAttendi("true", {}), 0);
 }
 
-TEST_F(FormSuDemo, FileMancanteNominato) {
-    Apri();
-    ConTrappola(s, "Decozero_136", [&] { LeggiRighe("C:\\pregeo\\estratti\\MANCA.EMP"); });
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_EQ(p.Messaggi()[0], "Rilevato errore: Si è verificato questo errore : 53\r\n"
-                               "Impossibile trovare il file: C:\\pregeo\\estratti\\MANCA.EMP\r\n"
-                               "Nella Routine Decozero_136");
-}
-
 namespace {
 
 // The captions a window cuts at the size it has: buttons narrower than their text, check boxes
