@@ -27,42 +27,29 @@ TEST_F(ConCensuario, OgniModelloPassaIlRiordinoSenzaAvviso) {
         const char* nome;
         std::function<void()> componi;
     };
+    // A frazionamento or stralcio of parcel 35, from the Proposta or by hand, into the memo and
+    // then added or replaced.
+    auto fraziona = [&](TipoSchema tipo, bool proposta, bool sostituisci) {
+        return [=, this] {
+            Frazionamento f;
+            f.tipo = tipo;
+            if (!proposta) f.TipoOperazione = kFrazionamento282;
+            f.particella = Particella("35", proposta ? "29380" : "1000");
+            if (proposta) PropostaPronta();
+            ApriFrazionamento(s, f);
+            if (proposta) PropostaAutomatica(s, f);
+            if (!proposta) CambiaNumeroCostituite(s, f, "3");
+            if (!proposta) CambiaAreaProporzionale(s, f, "300");
+            p.risposte << Risposta::No;
+            AggiungiAMemo(s, f);
+            sostituisci ? SalvaPropostaFile1(s, f) : SalvaPropostaFile(s, f);
+        };
+    };
     const QList<Caso> casi = {
-        {"frazionamento",
-         [&] {
-             PropostaPronta();
-             Frazionamento f;
-             f.particella = Particella("35", "29380");
-             ApriFrazionamento(s, f);
-             PropostaAutomatica(s, f);
-             p.risposte << Risposta::No;
-             AggiungiAMemo(s, f);
-             SalvaPropostaFile(s, f);
-         }},
+        {"frazionamento", fraziona(TipoSchema::Frazionamento, true, false)},
         {"frazionamento 282 senza passare dal memo",
-         [&] {
-             Frazionamento f;
-             f.TipoOperazione = kFrazionamento282;
-             f.particella = Particella("35", "1000");
-             ApriFrazionamento(s, f);
-             CambiaNumeroCostituite(s, f, "3");
-             CambiaAreaProporzionale(s, f, "300");
-             p.risposte << Risposta::No;
-             AggiungiAMemo(s, f);
-             SalvaPropostaFile1(s, f);
-         }},
-        {"stralcio",
-         [&] {
-             PropostaPronta();
-             Frazionamento f;
-             f.tipo = TipoSchema::Stralcio;
-             f.particella = Particella("35", "29380");
-             ApriFrazionamento(s, f);
-             PropostaAutomatica(s, f);
-             p.risposte << Risposta::No;
-             AggiungiAMemo(s, f);
-             SalvaPropostaFile1(s, f);
-         }},
+         fraziona(TipoSchema::Frazionamento, false, true)},
+        {"stralcio", fraziona(TipoSchema::Stralcio, true, true)},
         {"nuova costruzione",
          [&] {
              QStringList memo = RigheCensuarieDi(s.doc.TestoLibretto);

@@ -1,5 +1,5 @@
-// The TAF reader, the second composition of a code, the rows 8 from the TAF and the mean
-// height (the grid and its printed selection are the screen's).
+// The TAF reader, the second composition of a code, the printed selection of the grid, the
+// rows 8 from the TAF and the mean height.
 #include "fiduciali.h"
 #include "generatore_taf.h"
 #include "supporto.h"
@@ -41,6 +41,20 @@ TEST(LetturaTaf, CampiFuoriDallaGrigliaECodici) {
     EXPECT_EQ(CodiceComposto(riga), "PF03/0070/A001");
     EXPECT_EQ(CodiceComposto(QString()), "PF/0/");
     EXPECT_EQ(ComuneDelPF("PF03"), "");
+}
+
+TEST_F(Taf, StampaSelezioneGolden) {
+    const QList<QStringList> g = GrigliaTaf(Campione());
+    // Only the header row: nothing is written.
+    EXPECT_FALSE(StampaSelezioneTaf(s, g, 0, 0));
+    EXPECT_FALSE(EsisteFile(s.amb.CartellaLavoro + "\\temp\\Stampa_TAF.CSV"));
+    // The two ends in either order give the rows between them.
+    ASSERT_TRUE(StampaSelezioneTaf(s, g, 3, 1));
+    const QString stelo = s.amb.CartellaLavoro + "\\temp\\Stampa_TAF";
+    ConfrontaGolden(LeggiByte(stelo + ".CSV"), "fiduciali/Stampa_TAF.CSV");
+    ConfrontaGolden(LeggiByte(stelo + ".TXT"), "fiduciali/Stampa_TAF.TXT");
+    // Showing them is the screen's business: nothing is opened from here.
+    EXPECT_TRUE(p.eventi.isEmpty());
 }
 
 TEST_F(Taf, CaricaPieffe8) {

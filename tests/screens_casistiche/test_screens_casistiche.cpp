@@ -54,6 +54,14 @@ TEST_F(Schermi, Tipol10IncollaConfermaEAnnulla) {
         Clic(&form, "Incolla Polilinee da List-CAD");
         EXPECT_EQ(Voci(form.Righe()).join(CRLF) + CRLF,
                   QString::fromLatin1(Dati("casistiche/lista_cad.DAT")));
+        // The copy for Pregeo and its fixed companion; 24 square metres are over the limit of a
+        // small building.
+        EXPECT_EQ(radice.Leggi("C:\\pregeo\\ESTRATTI\\ESTRATTOPROVVISORIO.EMP"),
+                  Dati("casistiche/lista_cad.EMP"));
+        EXPECT_EQ(radice.Leggi("C:\\pregeo\\ESTRATTI\\ESTRATTOPROVVISORIO.PNG"),
+                  QByteArray("8|1|-12571.845|-5882.526|SF|\r\n8|2|-12581.580|-5880.237|SF|\r\n"
+                             "6|Contorno fabbricato|\r\n7|2|1|2|RC|\r\n"));
+        EXPECT_EQ(p.Messaggi(), QStringList{"Tavolet: L'area del nuovo fabbricato supera i 20 mq"});
         form.Descrizione()->setPlainText("Nuova descrizione");
         Clic(&form, "Conferma");
         EXPECT_EQ(s.EsitoDialogo, 1);
