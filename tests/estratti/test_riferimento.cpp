@@ -1,12 +1,6 @@
-// The fast writer against the plain one: same bytes on realistic and on odd extracts.
-#include "estratto.h"
-#include "generatore.h"
-#include "riferimento.h"
+// The field replacer of the save against the plain chain of text replaces.
 #include "sostituzioni.h"
 
-#include "errore.h"
-#include "piattaforma_finta.h"
-#include "stato.h"
 #include "testo.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +8,6 @@
 #include <random>
 
 using namespace tavolet;
-using namespace tavolet::test;
 
 namespace {
 
@@ -74,41 +67,4 @@ TEST(Sostituzioni, UgualeAllaCatenaDiReplaceDelTesto) {
     const QStringList strane = {"7|5%|\r|5%|", "x|5%|"};
     EXPECT_EQ(SostituisciCampi(strane, {{"5%", "2%"}}), CatenaDiReplace(strane, {{"5%", "2%"}}));
     EXPECT_TRUE(SostituisciCampi({""}, {{"a", "b"}}).isEmpty());
-}
-
-// Whole extracts: the lists after reading go to both writers; either both fail with the
-// same error or both give the same text.
-TEST(ScrittoreVeloce, UgualeAlRiferimentoSuEstrattiGenerati) {
-    int confronti = 0, errori = 0;
-    for (unsigned seme = 1; seme <= 260; ++seme) {
-        OpzioniEstratto o;
-        o.seme = seme;
-        o.stranezze = seme % 4 != 0;
-        o.vertici = o.stranezze ? 20 + int(seme % 7) * 30 : 100 + int(seme % 5) * 150;
-        PiattaformaFinta piattaforma;
-        Stato stato(piattaforma);
-        const Estratto letto = EsplodiTestoEstratto(stato, GeneraEstratto(o));
-        Estratto veloce = letto, lento = letto;
-        const std::optional<QString> testo = ComponiEstratto(stato, veloce);
-        int numeroLento = 0;
-        QString testoLento;
-        try {
-            testoLento = ComponiRiferimento(lento);
-        } catch (const Errore& err) {
-            numeroLento = err.numero;
-        }
-        ASSERT_EQ(testo.has_value(), numeroLento == 0) << "seme " << seme;
-        if (testo) {
-            ASSERT_EQ(*testo, testoLento) << "seme " << seme;
-            ++confronti;
-        } else {
-            ASSERT_TRUE(
-                piattaforma.Messaggi().last().contains(QStringLiteral(": %1\r\n").arg(numeroLento)))
-                << piattaforma.Messaggi().last().toStdString();
-            ++errori;
-        }
-    }
-    // Most extracts are written; a few odd ones overflow the area tables on purpose.
-    EXPECT_GT(confronti, 200);
-    EXPECT_GT(errori, 0);
 }

@@ -172,33 +172,27 @@ TEST_F(UnioneSuFile, TemporaneoSommaEComune) {
     };
     scrivi("A.EMP", "0|15032024|P|A001|00120|1|PD|0|0|0|\r\n8|1%|0|0|\r\n8|2%|0|10|\r\n"
                     "8|3%|10|10|\r\n7|4|1%|2%|3%|1%|NC|1|1|50|\r\n");
-    radice.Scrivi(cartella + "A.TIF", "tif");
     scrivi("B.EMP", "0|15032024|P|A001|00121|1|PD|0|0|0|\r\n8|1%|10|10|\r\n8|2%|20|10|\r\n"
                     "8|3%|20|20|\r\n7|4|1%|2%|3%|1%|NC|2|2|50|\r\n");
     scrivi("C.EMP", "0|15032024|P|B002|00121|1|PD|0|0|0|\r\n8|1%|30|30|\r\n"
                     "7|2|1%|1%|NC|3|3|0|\r\n");
 
-    ASSERT_TRUE(UnisciDueEstratti(s, "A.EMP", "B.EMP"));
-    const QString temp = PercorsoTempestratto(s);
-    EXPECT_TRUE(EsisteFile(temp));
-    EXPECT_EQ(GeneraSommaEstratti(s, "A.EMP", "AB"), "AB.emp");
-    EXPECT_EQ(radice.Leggi(cartella + "AB.emp"), LeggiByte(temp));
-    EXPECT_EQ(radice.Leggi(cartella + "AB.TIF"), "tif");
-    EXPECT_EQ(LeggiTesto(temp).count("\r\n8|"), 5);
-
-    // A missing second extract: the error report, and no temporary file left.
-    EXPECT_FALSE(UnisciDueEstratti(s, "A.EMP", "MANCA.EMP"));
-    EXPECT_FALSE(EsisteFile(temp));
-    EXPECT_TRUE(p.Messaggi().last().contains("Nella Routine UnisciDueEstratti"));
-
+    // The sum of two is the screen's; here the join of every extract of the comune.
     QList<std::pair<int, int>> passi;
     EXPECT_EQ(SommaEstrattiComune(s, "A.EMP",
                                   [&](int a, int b) {
                                       passi.append({a, b});
                                   }),
               "A001.EMP");
-    EXPECT_EQ(passi, (QList<std::pair<int, int>>{{1, 1}})); // B: AB is self-made, C elsewhere
+    EXPECT_EQ(passi, (QList<std::pair<int, int>>{{1, 1}})); // B; C is of another comune
     const Estratto e = EsplodiEstratto(s, "A001.EMP");
     EXPECT_EQ(e.Punti.size(), 5);
     EXPECT_EQ(e.ZERO[0], "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
+
+    // A missing second extract: the error report, and no temporary file left.
+    const QString temp = PercorsoTempestratto(s);
+    ASSERT_TRUE(EsisteFile(temp));
+    EXPECT_FALSE(UnisciDueEstratti(s, "A.EMP", "MANCA.EMP"));
+    EXPECT_FALSE(EsisteFile(temp));
+    EXPECT_TRUE(p.Messaggi().last().contains("Nella Routine UnisciDueEstratti"));
 }

@@ -114,19 +114,10 @@ TEST_F(Scompatta, OgniVoceConISuoiByte) {
     for (int i = 0; i < membri.size(); ++i)
         EXPECT_EQ(LeggiFile(e.file[i]), membri[i].second) << e.file[i].toStdString();
 
-    // Another writer: a folder entry, data descriptors, a stored member, a UTF-8 name.
-    QTemporaryDir altra;
-    const EsitoScompatta a = ScompattaZip(PercorsoDati("zip/altro_scrittore.zip"), altra.path());
-    ASSERT_TRUE(a.Riuscito()) << a.descrizione.toStdString();
-    const QString r = QFileInfo(altra.path()).canonicalFilePath();
-    EXPECT_EQ(a.file, QStringList({r + "/Cartella/F0120.EMP", r + "/F0120.png",
-                                   r + QString::fromUtf8("/città.txt")}));
-    EXPECT_EQ(LeggiFile(a.file[0]), Dati("estratti/realistico.EMP"));
-    EXPECT_EQ(LeggiFile(a.file[1]), Dati("estratti/realistico.PNG"));
-    EXPECT_EQ(LeggiFile(a.file[2]), "Foglio 120\r\n");
-
+    // Another writer's archive (a folder entry, data descriptors, a stored member) is the
+    // command line's copy.
     // An archive without members unpacks to nothing.
-    const EsitoScompatta vuoto = ScompattaZip(ZipDa(Archivio({})), altra.path());
+    const EsitoScompatta vuoto = ScompattaZip(ZipDa(Archivio({})), base.filePath("fuori"));
     EXPECT_TRUE(vuoto.Riuscito()) << vuoto.descrizione.toStdString();
     EXPECT_TRUE(vuoto.file.isEmpty());
 }
@@ -174,23 +165,12 @@ TEST_F(Scompatta, ArchiviDanneggiatiNeCrashNeResti) {
         EXPECT_EQ(e.errore, 321) << n << " di " << buono.size();
         ControllaEsito(e, prima, "troncato a " + std::to_string(n));
     }
-    // Every byte flipped in turn, and random bytes (some ending in a forged end record).
+    // Every byte flipped in turn: a checksum, a size, a signature, the stream itself.
     QRandomGenerator rng(2024);
     QList<QByteArray> casi;
     for (qsizetype i = 0; i < buono.size(); ++i) {
         QByteArray b = buono;
         b[i] = char(b[i] ^ (1 << rng.bounded(8)));
-        casi.append(b);
-    }
-    for (int k = 0; k < 300; ++k) {
-        QByteArray b(rng.bounded(1, 400), '\0');
-        for (char& c : b) c = char(rng.bounded(256));
-        if (k % 2) {
-            QByteArray fine("PK\x05\x06\0\0\0\0", 8);
-            for (int j = 0; j < 14; ++j) fine.append(char(rng.bounded(256)));
-            fine[20] = fine[21] = 0; // no comment: the record is found
-            b += fine;
-        }
         casi.append(b);
     }
     for (int k = 0; k < casi.size(); ++k) {
@@ -201,23 +181,6 @@ TEST_F(Scompatta, ArchiviDanneggiatiNeCrashNeResti) {
             for (const QString& f : e.file) QFile::remove(f);
             QDir(dentro + "/Sub").removeRecursively();
         }
-    }
-
-    // A wrong checksum, and a size that stops short of the stream: damaged, nothing left.
-    const qsizetype c = Centrale(buono);
-    QByteArray crc = buono;
-    Metti32(crc, 14, 0x12345678);
-    Metti32(crc, c + 16, 0x12345678);
-    QByteArray corto = buono;
-    const uint32_t dimensione = uint32_t(Dati("estratti/realistico.EMP").size());
-    Metti32(corto, 22, dimensione - 1);
-    Metti32(corto, c + 24, dimensione - 1);
-    for (const QByteArray& b : {crc, corto}) {
-        const auto prima = Fotografia();
-        const EsitoScompatta e = ScompattaZip(ZipDa(b), dentro);
-        EXPECT_EQ(e.errore, 321);
-        EXPECT_TRUE(e.descrizione.contains("A.EMP")) << e.descrizione.toStdString();
-        ControllaEsito(e, prima, "checksum o dimensione");
     }
 }
 
