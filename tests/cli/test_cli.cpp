@@ -1,9 +1,6 @@
 // tavolet-cli as a script would use it: output on stdout, messages on stderr, exit status.
 #include "sul_demo.h"
 
-#include <QDir>
-#include <QProcess>
-
 #include <gtest/gtest.h>
 
 using namespace tavolet;
@@ -40,26 +37,6 @@ TEST_F(Cli, TestataERigheDelLibrettoDemo) {
     e = Esegui({"--no", "libretto", "righe", Esempio()});
     EXPECT_EQ(e.codice, 1);
     EXPECT_EQ(e.out, "");
-    // --oggi fixes the date of the default rows a document without its head takes.
-    e = Esegui({"libretto", "testata", Scrivi("corto.dat", "1|1|\r\n")});
-    EXPECT_EQ(e.codice, 0);
-    EXPECT_TRUE(e.out.startsWith("DataLibretto=21112026\nAnnoLibretto=2026\nProtocollo=1\n"))
-        << e.out.toStdString();
-    EXPECT_TRUE(e.out.contains("NomeComuneLibretto=PIOVE DI SACCO\n"));
-}
-
-TEST_F(Cli, SalvaScriveComeIlProgramma) {
-    const QString uscita = radice.filePath("uscita.dat");
-    Esito e = Esegui({"libretto", "salva", Esempio(), uscita});
-    EXPECT_EQ(e.codice, 0) << e.err.toStdString();
-    EXPECT_EQ(LeggiFile(uscita), Dati("cli/salva_esempio.dat"));
-
-    // A write that fails is an error report and exit status 1.
-    e = Esegui({"libretto", "salva", Esempio(), radice.path() + "/manca/uscita.dat"});
-    EXPECT_EQ(e.codice, 1);
-    EXPECT_TRUE(e.err.contains("Rilevato errore: Si è verificato questo errore : 76\n"))
-        << e.err.toStdString();
-    EXPECT_TRUE(e.err.contains("Nella Routine SalvaLibrettoMisure"));
 }
 
 TEST_F(Cli, UsoSbagliato) {
@@ -72,31 +49,4 @@ TEST_F(Cli, UsoSbagliato) {
     EXPECT_EQ(e.codice, 0);
     for (const char* c : {"libretto salva", "libretto righe", "libretto testata", "ambiente"})
         EXPECT_TRUE(e.out.contains(c)) << c;
-}
-
-TEST_F(Cli, SenzaRadiceNienteNellaCartellaHome) {
-    // No --radice, no Wine prefix: the run says where it looked and works without making
-    // anything in the home folder.
-    QTemporaryDir casa;
-    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
-    ambiente.remove("TAVOLET_RADICE");
-    ambiente.remove("WINEPREFIX");
-    ambiente.insert("HOME", casa.path());
-    ambiente.insert("XDG_CONFIG_HOME", casa.path() + "/.config");
-    QProcess p;
-    p.setProcessEnvironment(ambiente);
-    p.start(TAVOLET_CLI, {"libretto", "righe", Esempio()});
-    ASSERT_TRUE(p.waitForFinished(60000));
-    const QString err = QString::fromUtf8(p.readAllStandardError());
-    EXPECT_EQ(p.readAllStandardOutput(), Dati("cli/righe_esempio.txt"));
-    EXPECT_TRUE(err.startsWith("Pregeo non trovato: nessuna --radice, nessun WINEPREFIX e "
-                               "nessuna cartella " +
-                               casa.path() + "/.wine; si prosegue in una cartella temporanea.\n"))
-        << err.toStdString();
-    EXPECT_FALSE(err.contains("Sostituire il Libretto")) << err.toStdString();
-    EXPECT_TRUE(QDir(casa.path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden))
-        << QDir(casa.path())
-               .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)
-               .join(' ')
-               .toStdString();
 }

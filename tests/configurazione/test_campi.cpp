@@ -7,36 +7,23 @@ using namespace tavolet::test;
 
 using CampiProva = ConfigurazioneProva;
 
-TEST_F(CampiProva, RegoleAllUscitaDaiCampi) {
+TEST_F(CampiProva, RegoleAllUscitaDaiCampiEQuotaDalleRigheOtto) {
     Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||",
-              "8|1|100|300|", "8|2|50|100|"});
+              "8|1|100|300|", "8|2|50.4|100|", "8|PF01/0010/G224|0|9000|"});
     FormConfigurazione f = ApriConfigurazione(s);
-    // The date: six digits are expanded at 80, a blank becomes today. The sheet and its
-    // allegato; parcels in order, without doubles; the fields that always reset, those that fill
-    // when blank (the east from the rows 8), and the quota, accepted as it stands.
-    const std::tuple<int, const char*, QString> casi[] = {{0, "010295", "01021995"},
-                                                          {0, "", "15012026"},
-                                                          {0, "15012026", "15012026"},
-                                                          {3, "1", "0010"},
-                                                          {3, "A", "000A"},
-                                                          {3, "12", "0120"},
-                                                          {3, "12a", "012A"},
-                                                          {3, "0012", "0012"},
-                                                          {3, "12345", "12345"},
-                                                          {4, "12,3,12", "3,12"},
-                                                          {9, "5", "10"},
-                                                          {10, "5", "20"},
-                                                          {12, "X", kVersionePregeo},
-                                                          {13, " ", "FR"},
-                                                          {13, "TM", "TM"},
-                                                          {11, "", "200"},
-                                                          {11, "7", "7"},
-                                                          {8, "abc", "abc"}};
+    // Six digits of date expanded at 80, the sheet padded, parcels in order without doubles,
+    // the fields that always reset, the east from the rows 8 when blank.
+    const std::tuple<int, const char*, QString> casi[] = {
+        {0, "010295", "01021995"}, {3, "12a", "012A"},
+        {4, "12,3,12", "3,12"},    {9, "5", "10"},
+        {11, "", "200"},           {12, "X", kVersionePregeo}};
     for (const auto& [campo, testo, atteso] : casi) {
         f.Campi[campo] = testo;
         EsciDalCampo(s, f, campo);
         EXPECT_EQ(f.Campi[campo], atteso) << campo << " " << testo;
     }
+    // Field 2 of the rows 8 of fewer than five fields.
+    EXPECT_EQ(QuotaMediaDaRighe8(s), "50");
     EXPECT_TRUE(p.Messaggi().isEmpty());
 
     ScegliTipologia(s, f, 3);
@@ -46,20 +33,6 @@ TEST_F(CampiProva, RegoleAllUscitaDaiCampi) {
     EXPECT_EQ(f.Campi[14], "STAZIONE TOTALE");
     ScegliVoce(f, 10, "DEROGA");
     EXPECT_EQ(f.Campi[15], "DEROGA");
-}
-
-TEST_F(CampiProva, QuoteEdEstDalleRigheOtto) {
-    Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||",
-              "8|1|100|300|", "8|2|50.4|100|", "8|PF01/0010/G224|0|9000|",
-              "8|PF02/0010/G224|20|500|X|", "8|3|9000|1|2|3|4|"});
-    // Field 2 of the rows 8 of fewer than five fields.
-    EXPECT_EQ(QuotaMediaDaRighe8(s), "50");
-    // Field 3 of the rows of more than three fields, more than four for a PF point.
-    EXPECT_EQ(EstMedioDaRighe8(s), "251"); // 250.5, half away from zero
-    EXPECT_EQ(s.testata.EstMedio, "251");
-    Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||"});
-    EXPECT_EQ(QuotaMediaDaRighe8(s), "0");
-    EXPECT_EQ(EstMedioDaRighe8(s), "0");
 }
 
 TEST_F(CampiProva, ComandiDegliElenchiEDelDefault) {

@@ -67,59 +67,34 @@ TEST_F(ConfermaProva, FormVuotoConfermato) {
 }
 
 TEST_F(ConfermaProva, DataControllata) {
-    FormConfigurazione f = Apri({kZero, kNove});
-    f.Check2 = false;
-    f.Campi[0] = "3112"; // four characters: the format message, then today
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(p.Messaggi(), QStringList{"Errore nella data: Formato Data Errato!!"});
-    EXPECT_TRUE(RigheLista()[0].startsWith("0|15032026|245|"));
-
-    // A past date asks; "no" keeps it, "yes" (the default) takes today.
-    f = Apri({kZero, kNove});
-    f.Check2 = false;
-    f.Campi[0] = "01022026";
-    p.risposte = {Risposta::No};
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(p.Domande(), QStringList{"Verifica data Libretto: La data indicata è precedente la "
-                                       "data attuale del PC!!\r\nInserire data attuale?"});
-    EXPECT_TRUE(RigheLista()[0].startsWith("0|01022026|"));
-    f.Campi[0] = "01022026";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_TRUE(RigheLista()[0].startsWith("0|15032026|"));
-    // A later date is kept without a question.
-    p.eventi.clear();
-    f.Campi[0] = "01012027";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_TRUE(p.Domande().isEmpty());
-    EXPECT_TRUE(RigheLista()[0].startsWith("0|01012027|"));
-}
-
-TEST_F(ConfermaProva, MappaliRiordinatiEMaiuscole) {
-    FormConfigurazione f = Apri({kZero, kNove});
-    f.Campi[4] = "12,3,12";
-    f.Campi[2] = " g224 ";
-    f.Campi[5] = "verdi";
-    f.Campi[19] = " anna ";
-    f.Campi[14] = "gps";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista()[0], "0|15032026|245|G224|0012|3,12|VERDI ANNA|GEOMETRA|PADOVA|");
-    EXPECT_EQ(RigheLista()[1], "9|8|10|20|1540|" + kVersionePregeo + "|FR|GPS|");
-    EXPECT_EQ(s.testata.MappaliLibretto, "3,12");
-    EXPECT_EQ(s.testata.Cognome, "VERDI");
-    EXPECT_EQ(s.testata.Nome, "ANNA");
-    EXPECT_EQ(s.doc.CodiceFiscaleTecnico, kCodice);
-    EXPECT_EQ(s.testata.NomeComuneLibretto, "PADOVA");
+    // Four characters: the format message, then today. A past date asks; "no" keeps it, "yes"
+    // (the default) takes today. A later date is kept without a question.
+    const QString domanda = "Verifica data Libretto: La data indicata è precedente la data "
+                            "attuale del PC!!\r\nInserire data attuale?";
+    const std::tuple<const char*, QList<Risposta>, const char*, QStringList, QStringList> date[] = {
+        {"3112", {}, "15032026", {"Errore nella data: Formato Data Errato!!"}, {}},
+        {"01022026", {Risposta::No}, "01022026", {}, {domanda}},
+        {"01022026", {}, "15032026", {}, {domanda}},
+        {"01012027", {}, "01012027", {}, {}}};
+    for (const auto& [data, risposte, attesa, messaggi, domande] : date) {
+        FormConfigurazione f = Apri({kZero, kNove});
+        f.Check2 = false;
+        f.Campi[0] = data;
+        p.risposte = risposte;
+        EXPECT_TRUE(ConfermaConfigurazione0(s, f));
+        EXPECT_EQ(p.Messaggi(), messaggi) << data;
+        EXPECT_EQ(p.Domande(), domande) << data;
+        EXPECT_TRUE(RigheLista()[0].startsWith("0|" + QString(attesa) + "|")) << data;
+    }
 }
 
 TEST_F(ConfermaProva, RigaDelCommento) {
-    // The comment goes in front of a station in third place, replaces a comment there, leaves
-    // a Relazione Tecnica alone; the detail of the update goes round unchanged, and emptied its
-    // row goes.
+    // The comment goes in front of a station in third place, leaves a Relazione Tecnica alone;
+    // the detail of the update goes round unchanged, and emptied its row goes.
     const QString stazione = "1|100|1.5|", relazione = "6|***** Relazione  Tecnica *****|";
     const QString dettaglio = "6|DettaglioTipoAgg=VARIAZIONE|";
     const std::tuple<QStringList, const char*, QStringList> casi[] = {
         {{stazione}, " X ", {"6|X|", stazione}},
-        {{"6|Y|", stazione}, "X", {"6|X|", stazione}},
         {{relazione, "6|testo|"}, "X", {"6|X|", relazione, "6|testo|"}},
         {{dettaglio, stazione}, nullptr, {dettaglio, stazione}},
         {{dettaglio, stazione}, "  ", {stazione}}};
@@ -129,65 +104,6 @@ TEST_F(ConfermaProva, RigaDelCommento) {
         EXPECT_TRUE(ConfermaConfigurazione0(s, f));
         EXPECT_EQ(RigheLista().mid(2), attese) << dopo.join(' ').toStdString();
     }
-}
-
-TEST_F(ConfermaProva, ConfermaDiMappaCM) {
-    FormConfigurazione f = Apri({kZero, kNove, "1|100|1.5|"});
-    f.Campi[13] = "cm";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista()[2], "6|conferma|");
-    // Once there, it is not doubled.
-    f = Apri(RigheLista());
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), (QStringList{"6|conferma|", "1|100|1.5|"}));
-    // Another type removes it.
-    f = Apri(RigheLista());
-    f.Campi[13] = "FR";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(RigheLista().mid(2), QStringList{"1|100|1.5|"});
-}
-
-TEST_F(ConfermaProva, LibrettoTecnicoEPregeoIniScritti) {
-    radice.Scrivi("C:\\Lavori\\ATTO.DAT",
-                  Righe({kZero, kNove, "6|Vecchio|", "1|100|1.5|", "8|1|100|300|", "6|<ISC>9|"}));
-    ASSERT_TRUE(TrascinaLibretto(s, "C:\\Lavori\\ATTO.DAT"));
-    s.doc.NomeEstratto = "G224_0012.EMP";
-    FormConfigurazione f = ApriConfigurazione(s);
-    EXPECT_EQ(f.EtichettaEstratto, "G224_0012.EMP");
-    f.Campi[15] = "Frazionamento della particella 145";
-    f.Campi[16] = "4321";
-    f.Campi[17] = kCodice;
-    f.Campi[18] = "Via Roma 1";
-    f.Campi[13] = "TM";
-    p.eventi.clear();
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join('\n').toStdString();
-    EXPECT_EQ(s.testata.TipoAtto, "M");
-    ScriviLibrettoMisure(s);
-    ConfrontaConOro("C:\\Lavori\\ATTO.DAT", "confermato.dat");
-    ConfrontaConOro(PercorsoFileTecnico(s, "ROSSI MARIO"), "rossi_mario.pfs");
-    ConfrontaConOro("C:\\windows\\PREGEO.INI", "pregeo.ini");
-
-    // With "Aggiorna su Pregeo.INI" off the file is not touched.
-    const QByteArray ini = radice.Leggi("C:\\windows\\PREGEO.INI");
-    f = ApriConfigurazione(s);
-    f.Check1 = false;
-    f.Campi[17] = kCodice;
-    f.Campi[16] = "1";
-    EXPECT_TRUE(ConfermaConfigurazione0(s, f));
-    EXPECT_EQ(radice.Leggi("C:\\windows\\PREGEO.INI"), ini);
-    EXPECT_EQ(p.impostazioni.value("Aggiorna_Default_Pregeo/FormCatasto1TXT"), "0");
-    EXPECT_FALSE(ApriConfigurazione(s).Check1);
-}
-
-TEST_F(ConfermaProva, CodiceFiscaleConCaratteriEstranei) {
-    FormConfigurazione f = Apri({kZero, kNove});
-    f.Campi[17] = "RSSMRA80A01G22*K";
-    // The error report, then the question as for a wrong code; no crash.
-    EXPECT_FALSE(ConfermaConfigurazione0(s, f));
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_TRUE(p.Messaggi()[0].contains("VerificaCodiceFiscale"));
-    EXPECT_EQ(p.Domande().size(), 1);
 }
 
 TEST_F(ConfigurazioneProva, NuovoAnnullatoEChiusoSiRecupera) {

@@ -29,58 +29,6 @@ struct RicomponiProva : ConPregeo {
 
 } // namespace
 
-TEST_F(RicomponiProva, LibrettoCompletoNellOrdineDiPregeo) {
-    radice.Scrivi("C:\\Lavori\\COMPLETO.DAT", Dati("riordino/completo.dat"));
-    ASSERT_TRUE(TrascinaLibretto(s, PercorsoLocale("C:\\Lavori\\COMPLETO.DAT")));
-    subRiordinoRighe(s);
-    // The model counts its title row, so no warning; nothing else to say.
-    EXPECT_TRUE(p.Messaggi().isEmpty()) << p.Messaggi().join('\n').toStdString();
-    EXPECT_EQ(s.doc.RigheLibretto.Riga(2), "6|Frazionamento del mappale 125|");
-    EXPECT_EQ(Split(s.doc.TestoProposta, CRLF).size(), 6);
-
-    s.doc.PercorsoLibretto = "C:\\Lavori\\RIORDINATO.DAT";
-    ScriviLibrettoMisure(s);
-    EXPECT_EQ(radice.Leggi("C:\\Lavori\\RIORDINATO.DAT"), Dati("riordino/completo_riordinato.dat"));
-
-    // A regrouped libretto is a fixed point.
-    const QString prima = s.doc.TestoLibretto;
-    subRiordinoRighe(s);
-    EXPECT_EQ(s.doc.TestoLibretto, prima);
-}
-
-TEST_F(RicomponiProva, OrdineRelazioneVuotaEDoppieVicine) {
-    GruppiLibretto g;
-    g.GruppoRiga0 = {kRiga0};
-    g.GruppoRiga9 = {kRiga9};
-    g.GruppoFiduciali = {"8|1|1.000|2.000|"};
-    g.GruppoContorni = {"7|2|1|2|RC|"};
-    g.GruppoRighe45 = {"4|1|0.00|"};
-    g.GruppoStazioni = {"1|A|1.5|", "2|1|0.0|"};
-    g.GruppoGPS = {"6|L1|x|"};
-    g.GruppoPoligonali = {"3|A|B|"};
-    g.GruppoAppunti = {"6| - nota|"};
-    g.GruppoCommento = {"6|Commento|"};
-    g.GruppoCensuario = {kO};
-    // Only its two markers: the Relazione goes.
-    g.GruppoRelazione = {"6|***** Relazione  Tecnica *****|", "6|*****   Fine   Relazione *****|"};
-    // The last row of the model again, in lower case, at the head of the Proposta: the two
-    // meet after the join and one of them stays.
-    g.GruppoProposta = {kO.toLower(), "8|1|1.000|2.000|", "7|2|1|2|rc|"};
-    g.completo = true;
-    ASSERT_TRUE(RicomponiLibretto(s, g));
-    EXPECT_EQ(RigheTesto(),
-              (QStringList{kRiga0, kRiga9, "6|Commento|", "6| - nota|", "3|A|B|", "6|L1|x|",
-                           "1|A|1.5|", "2|1|0.0|", "4|1|0.00|", "7|2|1|2|RC|", "8|1|1.000|2.000|",
-                           kO, "8|1|1.000|2.000|", "7|2|1|2|rc|"}));
-
-    // Three rows are a Relazione.
-    g.GruppoRelazione.insert(1, "6|Testo|");
-    ASSERT_TRUE(RicomponiLibretto(s, g));
-    EXPECT_EQ(RigheTesto().mid(9, 4),
-              (QStringList{"7|2|1|2|RC|", "6|***** Relazione  Tecnica *****|", "6|Testo|",
-                           "6|*****   Fine   Relazione *****|"}));
-}
-
 TEST_F(RicomponiProva, ModelloCensuarioDiGorizia) {
     s.doc.TestoLibretto = Join({kRiga0, kRiga9, "8|1|1.000|2.000|", kO, kS}, CRLF) + CRLF;
     s.testata.SiglaProvinciaLibretto = "GO";

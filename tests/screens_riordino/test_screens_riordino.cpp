@@ -40,19 +40,26 @@ struct SchermiRiordino : ConPregeo {
 
 } // namespace
 
-TEST_F(SchermiRiordino, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
+TEST_F(SchermiRiordino, DoppioClicEliminaEAnnullaLascianoIlLibretto) {
     const QString prima = s.doc.TestoLibretto;
     FormRiordinoRighe form(s);
     form.show();
     EXPECT_EQ(s.EsitoDialogo, -1);
-    EXPECT_EQ(
-        Voci(Gruppo(&form, "Stazioni-P.Battuti")).mid(2, 3),
-        (QStringList{"2|4|50.1111|99.5000|30.005|1.600|", "2|9|120.0000|100.2000|22.300|1.600|",
-                     "2|10|23.4521|99.1234|45.120|1.600|"}));
     bool albo = false;
     for (QLabel* l : form.findChildren<QLabel*>())
         albo |= l->text() == "Numero Iscrizione Albo 1234";
     EXPECT_TRUE(albo);
+    // A double click copies a station's group, and removes it; on the censuary model it
+    // removes the model; on row 0 it copies the row.
+    auto* stazioni = Gruppo(&form, "Stazioni-P.Battuti");
+    Clic(stazioni, 3, true);
+    EXPECT_EQ(Split(p.appunti, CRLF).size(), 10);
+    EXPECT_TRUE(p.appunti.startsWith("1|100|1.550|Note: stazione sul marciapiede|\r\n2|PF01/"));
+    EXPECT_EQ(stazioni->count(), 9);
+    Clic(Gruppo(&form, "Modello Censuario"), 0, true);
+    EXPECT_EQ(Gruppo(&form, "Modello Censuario")->count(), 6);
+    Clic(Gruppo(&form, "Riga 0"), 0, true);
+    EXPECT_EQ(p.appunti, "0|15012026|123|G224|0010|125|ROSSI MARIO|GEOMETRA|PADOVA|");
 
     // No is the default: the first press changes nothing, the second with yes empties.
     Elimina(&form, "Poligonali");
@@ -71,42 +78,21 @@ TEST_F(SchermiRiordino, EliminareUnGruppoEAnnullareLasciaIlLibretto) {
     EXPECT_TRUE(p.impostazioni.contains("POSIZIONE_FORMx/FormRiordinoRighe"));
 }
 
-TEST_F(SchermiRiordino, DoppioClicCopiaEliminaEConferma) {
-    {
-        FormRiordinoRighe form(s);
-        form.show();
-        // A double click copies a station's group, and removes it; on the censuary model it
-        // removes the model; on row 0 it copies the row.
-        auto* stazioni = Gruppo(&form, "Stazioni-P.Battuti");
-        Clic(stazioni, 3, true);
-        EXPECT_EQ(Split(p.appunti, CRLF).size(), 10);
-        EXPECT_TRUE(p.appunti.startsWith("1|100|1.550|Note: stazione sul marciapiede|\r\n2|PF01/"));
-        EXPECT_EQ(stazioni->count(), 9);
-        Clic(Gruppo(&form, "Modello Censuario"), 0, true);
-        EXPECT_EQ(Gruppo(&form, "Modello Censuario")->count(), 6);
-        Clic(Gruppo(&form, "Riga 0"), 0, true);
-        EXPECT_EQ(p.appunti, "0|15012026|123|G224|0010|125|ROSSI MARIO|GEOMETRA|PADOVA|");
-    }
-    FormRiordinoRighe form(s);
-    form.show();
+TEST_F(SchermiRiordino, OrdinaModaleEliminaEConferma) {
+    // The main form's "Ordina": the form runs modally and "&Conferma" composes the document.
+    s.doc.TestoLibretto.replace("2|4|50.1111", "2|4bis|50.1111");
     p.risposte << Risposta::Si;
-    Elimina(&form, "Righe GPS");
+    QTimer::singleShot(0, [] {
+        QWidget* w = QApplication::activeModalWidget();
+        Elimina(w, "Righe GPS");
+        Clic(w, "&Conferma");
+    });
+    EXPECT_EQ(FormRiordinoRighe::Esegui(s, nullptr), 1);
     EXPECT_EQ(p.Domande(), QStringList{"Eliminazione Punti Fiduciali: Eliminare le Righe GPS?"});
-    Clic(&form, "&Conferma");
-    EXPECT_EQ(s.EsitoDialogo, 1);
     const QStringList righe = s.doc.RigheLibretto.Righe();
     EXPECT_EQ(righe.size(), 39);
     EXPECT_EQ(righe[4], "3|100|200|500|");
     for (const QString& r : righe) EXPECT_FALSE(r.contains("PDOP")) << r.toStdString();
-}
-
-TEST_F(SchermiRiordino, OrdinaApreLaFormModale) {
-    // The main form's "Ordina": the form runs modally and "&Conferma" composes the document.
-    s.doc.TestoLibretto.replace("2|4|50.1111", "2|4bis|50.1111");
-    QTimer::singleShot(0, [] { Clic(QApplication::activeModalWidget(), "&Conferma"); });
-    EXPECT_EQ(FormRiordinoRighe::Esegui(s, nullptr), 1);
-    EXPECT_EQ(s.doc.RigheLibretto.Riga(12), "2|9|120.0000|100.2000|22.300|1.600|");
-    EXPECT_EQ(s.doc.RigheLibretto.Riga(14), "2|4bis|50.1111|99.5000|30.005|1.600|");
 }
 
 TEST_F(SchermiRiordino, SelezionaMappaliEMappaleDaMantenere) {
