@@ -17,25 +17,9 @@ QString Anello(int n, const QString& marca, const QString& tipo) {
 
 } // namespace
 
-// A long outline, wrapped as the cases write it, exploded and imploded back to the same rows
-// once the type code is put back by the repair (no extract: every run is new). The command
-// line checks the two on their own.
-TEST(Proposta, EsplodiEImplodiRestituisconoLeRighe) {
-    for (int n : {3, 9, 10, 11, 25, 60}) {
-        const QString riga = Anello(n, "*", "RC");
-        QStringList righe = Split(AvvolgiDieciPunti(riga), CRLF);
-        righe.removeLast();
-        righe[0] += "12+|12|99|";
-        const QString originale = Join(righe, CRLF) + CRLF;
-        PiattaformaFinta p;
-        Stato s(p);
-        QString testo = originale;
-        SistemaProposta(s, testo, QString());
-        EXPECT_EQ(testo, originale) << n;
-        EXPECT_TRUE(p.eventi.isEmpty());
-    }
-    EXPECT_EQ(AvvolgiDieciPunti("7|0|NC|"), "7|0|NC|\r\n");
-    // Runs of two types: each run ends with its code, the same code twice makes one run.
+// Runs of two types: each run ends with its code, the same code twice makes one run (the
+// wrapping and its way back are the command line's).
+TEST(Proposta, ImplodiUnisceLeCorseDelloStessoTipo) {
     QString misto = "7|6|1%|2%|NC|3*|RC|4*|5*|1%|RC|7+|7|40|";
     Implodi_Proposta(misto);
     EXPECT_EQ(misto, "7|6|1%|2%|NC|7+|7|40|\r\n7|0|3*|4*|5*|1%|RC|");

@@ -4,24 +4,10 @@
 using namespace tavolet;
 using namespace tavolet::test;
 
-TEST(Particelle, RegoleDeiCampi) {
+TEST(Particelle, NormalizzaFoglio) {
     EXPECT_EQ(NormalizzaFoglio("12"), "00012");
     EXPECT_EQ(NormalizzaFoglio("12a"), "0012A");
     EXPECT_EQ(NormalizzaFoglio(QString()), QString());
-    EXPECT_EQ(NormalizzaClasse("3"), "03");
-    EXPECT_EQ(InvertiFlag("sn"), "SR");
-    EXPECT_EQ(InvertiFlag("SR"), "SN");
-    EXPECT_EQ(InvertiFlag(QString()), "SN");
-    // A parcel number with "_" loses its tail on the screen.
-    const CampiParticella c = CampiDaParticella(
-        "A001_00012_35_B.MAP", "6|PARTICELLA|35_B|02|PRATO       |100|90|1.5|2.5|SR|", {});
-    EXPECT_EQ(c.Mappale, "35");
-    EXPECT_EQ(c.SupGrafica, "90");
-    EXPECT_EQ(c.RedditoDominicale, "1.5");
-    EXPECT_EQ(c.Flag, "SR");
-    EXPECT_EQ(MappaliInLibretto("A001", "0012", "35, 36"),
-              (QStringList{"A001_00012_35.MAP", "A001_00012_36.MAP"}));
-    EXPECT_EQ(MappaliInProposta(ConCensuario::Attese("modello_atteso.txt")).size(), 3);
 }
 
 TEST_F(ConCensuario, ArchiviareRiscriveFileEdEstratto) {

@@ -1,26 +1,12 @@
-// The odd lines of a drawing list, the lines of the survey, the options file and the corners
-// of the plane geometry (the survey as a whole is checked by the generation and the recompute).
+// The names of the stations, the options file and a corner of the plane geometry (the drawing
+// list is read by the generation, the recompute, the fuzz target and the screen).
 #include "disegno.h"
 #include "supporto.h"
 
-#include <cmath>
-
 namespace tavolet::test {
 
-TEST(Lxc, RigheStraneLineeEStazioni) {
-    // A line with no comma is ignored even when it begins with P; a P line with only a name.
-    const Disegno corto = LeggiLxc("P\r\nPunto senza virgole\r\nP,7\r\n  L,1,2  \r\nX,1,2\r\n");
-    ASSERT_EQ(corto.PuntiDisegno.size(), 1);
-    EXPECT_EQ(std::tuple(corto.PuntiDisegno[0].nome, corto.PuntiDisegno[0].X,
-                         corto.PuntiDisegno[0].H, corto.LineeDisegno.size()),
-              std::tuple("7", 0, 0, 1));
-    EXPECT_EQ(corto.LineeDisegno[0].Y1, 2);
-    EXPECT_EQ(TrovaPuntoDisegno(corto, "999"), -1);
-
-    // A line that ends nowhere is no line of the survey (the survey's lines are the screen's).
-    Disegno d = LeggiLxc(DaWindows1252(Dati("disegno/RILIEVO.LXC")));
-    d.LineeDisegno = {{1000.0051, 2000, 0, 1180.25, 2065.4, 0}};
-    EXPECT_TRUE(RiconosciLinee(d).isEmpty());
+// A station is named by its hundreds or thousands, never a fiducial.
+TEST(Lxc, NomiDelleStazioni) {
     EXPECT_TRUE(StazioneCentesimale("1100") && !StazioneMillesimale("1100"));
     EXPECT_FALSE(StazioneMillesimale("PF000") || StazioneCentesimale("PF100"));
 }
@@ -46,12 +32,8 @@ TEST(Opzioni, ChiaviEAsimmetria) {
     EXPECT_DOUBLE_EQ(ValorePrecisione(0), 0.005);
 }
 
-TEST(Geometria, CasiLimite) {
-    EXPECT_NEAR(AzimutDistanza(5, 5, 5, 5), 4 * std::atan(1.0), 1e-12); // coincident: pi
-    EXPECT_NEAR(AngoloDirezione(-0.5), 399.5, 1e-12);
-    EXPECT_NEAR(AngoloDirezione(400.25), 0.25, 1e-12);
-    EXPECT_NEAR(Arrotonda(399.998, 0.005), 400, 1e-9);
-    // A base of no length: not valid, the results as they were.
+// A base of no length: not valid, the results as they were.
+TEST(Geometria, BaseDiLunghezzaZero) {
     Piede p;
     p.daA = 4;
     PiedePerpendicolare(1, 1, 1, 1, 4, 3, p);

@@ -1,5 +1,4 @@
-// The TAF reader, the second composition of a code, the printed selection of the grid, the
-// rows 8 from the TAF and the mean height.
+// The printed selection of the grid, the rows 8 from the TAF and the mean height.
 #include "fiduciali.h"
 #include "generatore_taf.h"
 #include "supporto.h"
@@ -20,28 +19,6 @@ QList<RigaTaf> Campione() {
 }
 
 } // namespace
-
-// The grid of every field is the command line's "taf elenco"; here what it does not show.
-TEST(LetturaTaf, CampiFuoriDallaGrigliaECodici) {
-    const QList<RigaTaf> r = Campione();
-    ASSERT_EQ(r.size(), 8);
-    EXPECT_EQ(r[0].dataProt, "20030156");
-    EXPECT_DOUBLE_EQ(r[0].estN, 23456.78);
-    // A line cut short at column 130 gives empty fields behind it.
-    EXPECT_TRUE(r[7].dataProt.isEmpty());
-    EXPECT_EQ(r[7].quotaN, 0);
-
-    CampiTaf c;
-    c.foglio = QStringLiteral("7");
-    c.numero = QStringLiteral("3");
-    QString riga = RigaTafCampi(c);
-    EXPECT_EQ(LeggiRigaTaf(riga).Codice(), "PF03/0070/A001");
-    // A code written with blanks in the sheet: only the second composition zero-fills it.
-    riga.replace(5, 5, QStringLiteral("    7"));
-    EXPECT_EQ(CodiceComposto(riga), "PF03/0070/A001");
-    EXPECT_EQ(CodiceComposto(QString()), "PF/0/");
-    EXPECT_EQ(ComuneDelPF("PF03"), "");
-}
 
 TEST_F(Taf, StampaSelezioneGolden) {
     const QList<QStringList> g = GrigliaTaf(Campione());

@@ -37,19 +37,6 @@ public:
                double angolo, int colore) override {
         tratti.append({"testo", x, y, 0, 0, 0, altezza, angolo, 0, 0, colore, testo, font});
     }
-    QList<Tratto> DiTipo(const QString& tipo) const {
-        QList<Tratto> r;
-        for (const Tratto& t : tratti)
-            if (t.tipo == tipo) r.append(t);
-        return r;
-    }
-    // The kinds in the order drawn, runs collapsed: "linea cerchio testo".
-    QString Sequenza() const {
-        QStringList s;
-        for (const Tratto& t : tratti)
-            if (s.isEmpty() || s.last() != t.tipo) s.append(t.tipo);
-        return s.join(' ');
-    }
 };
 
 } // namespace tavolet::test

@@ -113,22 +113,6 @@ TEST_F(Esportatori, DXFDiUnaTabellaVuotaEStratiDelleLinee) {
     EXPECT_TRUE(copia.contains(",\"B\"\r\n"));
 }
 
-TEST_F(Esportatori, LaScalaHTMLEIntera) {
-    BV_AggiungiPuntoGraf(g, "A", 100, 100, 0, {}, 0, 0, "Courier New", 8);
-    BV_AggiungiPuntoGraf(g, "B", 1200, 100, 0, {}, 0, 0, "Courier New", 8);
-    BV_ZoomTutto(g); // Altezza 1106: scale 0
-    QString html = TestoHTML5(g);
-    EXPECT_EQ(html.count("context.arc(500.000,500.000,2, 0, 2*Math.PI, false);"), 2);
-    EXPECT_TRUE(html.contains("width=\"1000\" height=\"1000\"style="));
-    vista.Altezza = 300; // scale 3
-    vista.CentroX = 100;
-    vista.CentroY = 100;
-    html = TestoHTML5(g);
-    EXPECT_TRUE(html.contains("context.arc(500.000,500.000,2,"));
-    EXPECT_TRUE(html.contains("context.fillText('B',3800.000,500.000);"));
-    EXPECT_EQ(html.count("context.fillText('A',"), 2); // once for the names, once for all
-}
-
 // The extract's DXF as ezdxf and ogrinfo read it: the entities of each layer.
 TEST_F(Esportatori, EzdxfEOgrinfoLegganoIlDXFConIConteggiPerStrato) {
     Estratto();
