@@ -26,7 +26,6 @@ TEST_F(ArchiviProva, ComuniDiPregeoPerProvincia) {
     ASSERT_EQ(righe.size(), 3);
     radice.Scrivi("C:\\pregeo\\arch\\PDcomuni.dat",
                   Righe({"PD|G224|x|y|PADOVA   |", "PD |A001|x|y| ABANO TERME|"}));
-    radice.Scrivi("C:\\pregeo\\arch\\ZZcomuni.dat", Righe({"ZZ|Z999|x|y|NESSUNO|"}));
     radice.Scrivi("C:\\pregeo\\arch\\Comunt.dat", "x");
     radice.Scrivi("C:\\pregeo\\arch\\comun.dat", "x");
     ElencoComuni8 e;
@@ -48,25 +47,9 @@ TEST_F(ArchiviProva, ComuniDiPregeoPerProvincia) {
     EXPECT_EQ(s.testata.SiglaProvinciaLibretto, "PD "); // untrimmed
     EXPECT_EQ(s.testata.NomeProvinciaLibretto, "");     // "PD " is no sigla of the table
     EXPECT_EQ(radice.Leggi(PercorsoTagUno(s)), "A001\r\n");
-    ScegliComune8(e, 0);
-    CopiaCodiceFiscale8(s, e);
-    EXPECT_EQ(s.testata.NomeProvinciaLibretto, "PADOVA");
-    // A sigla that is not in the table leaves the province's name as it was.
-    ScegliProvincia8(s, e, "ZZcomuni.dat");
-    ScegliComune8(e, 0);
-    CopiaCodiceFiscale8(s, e);
-    EXPECT_EQ(s.testata.CodiceComuneLibretto, "Z999");
-    EXPECT_EQ(s.testata.NomeProvinciaLibretto, "PADOVA");
-    // A province file that vanished: the error report, and the screen goes on.
-    p.eventi.clear();
-    ScegliProvincia8(s, e, "XXcomuni.dat");
-    EXPECT_TRUE(e.Comuni.isEmpty());
-    ASSERT_EQ(p.Messaggi().size(), 1);
-    EXPECT_TRUE(p.Messaggi()[0].startsWith("Rilevato errore"));
-
     // The codes' screen: no row chosen does nothing; the files of the comuni by province.
     EXPECT_FALSE(CopiaCodiceFiscaleCodFis(s, "", ""));
-    EXPECT_EQ(s.testata.CodiceComuneLibretto, "Z999");
+    EXPECT_EQ(s.testata.CodiceComuneLibretto, "A001");
     EXPECT_EQ(GeneraComuniHtml(s, righe), 2);
     EXPECT_EQ(radice.Leggi(s.amb.CartellaLavoro + "\\RISORSE\\PD_Comuni.TXT"),
               AWindows1252(righe[0] + "\r\n" + righe[1] + "\r\n"));
@@ -74,14 +57,13 @@ TEST_F(ArchiviProva, ComuniDiPregeoPerProvincia) {
               AWindows1252(righe[2] + "\r\n"));
 }
 
-TEST_F(ArchiviProva, PossessoriDitEModifiche) {
+TEST_F(ArchiviProva, PossessoriDitEdEliminati) {
     const QString visure = "C:\\FIDUCIAL\\VISURE\\";
     radice.Scrivi(visure + "A.VIS", Righe({"ROSSI MARIO", "VERDI ANNA"}));
     radice.Scrivi(visure + "B.DIT", Righe({"6|DITTA|1|BIANCHI,LUCA|NATO A PADOVA|"}));
     radice.Scrivi(visure + "C.DIT", Righe({"6|DITTA|1|"}));
     radice.Scrivi(visure + "D.TXT", "x");
     EXPECT_EQ(ElencoPossessori(s), (QStringList{"A.VIS", "B.DIT", "C.DIT"}));
-    EXPECT_EQ(CercaPossessore(s, ElencoPossessori(s), "NESSUNO"), -1);
     s.doc.TestoPossessori = "ROSSI MARIO\r\n";
     // A .DIT adds one line, commas as blanks.
     EXPECT_TRUE(Associapossessori(s, "B.DIT", LeggiFilePossessori(s, "B.DIT")));
@@ -93,11 +75,6 @@ TEST_F(ArchiviProva, PossessoriDitEModifiche) {
     ASSERT_EQ(p.Messaggi().size(), 1);
     EXPECT_TRUE(p.Messaggi()[0].contains("Associapossessori"));
 
-    // An empty text is never saved; another one replaces the file.
-    EXPECT_FALSE(SalvaModifichePossessori(s, "A.VIS", "  \r\n"));
-    EXPECT_EQ(radice.Leggi(visure + "A.VIS"), Righe({"ROSSI MARIO", "VERDI ANNA"}));
-    EXPECT_TRUE(SalvaModifichePossessori(s, "A.VIS", "NERI PAOLO\r\n"));
-    EXPECT_EQ(radice.Leggi(visure + "A.VIS"), "NERI PAOLO\r\n");
     EliminaArchivioPossessori(s, "A.VIS");
     EXPECT_EQ(ElencoPossessori(s), (QStringList{"B.DIT", "C.DIT"}));
 }

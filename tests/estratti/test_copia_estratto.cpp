@@ -51,36 +51,8 @@ const QString kTitolo = QStringLiteral("Copia Estratto in Pregeo: ");
 
 } // namespace
 
-// The command line copies an extract with its image; here the image brings its extract, each
-// alone, what is missing and what is no extract.
-TEST_F(CopiaEstratto, EmpEPngConIlLoroCompagno) {
-    radice.Scrivi("C:\\Download\\Foglio 12.PNG", png);
-    radice.Scrivi("C:\\Download\\Foglio 12.emp", emp);
-    EXPECT_TRUE(DrageDrop(stato, "\"c:\\download\\foglio 12.png\""));
-    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "Copiato nella cartella Estratti!\r\n"
-                                                 "C:\\DOWNLOAD\\FOGLIO 12"}));
-    EXPECT_EQ(radice.Leggi(kEstratti + "FOGLIO 12.EMP"), emp);
-    EXPECT_EQ(stato.doc.NomeEstratto, "FOGLIO 12.EMP");
-    // A lone image is copied but names no extract; a lone extract needs no image.
-    radice.Scrivi("C:\\Download\\Solo.png", "solo");
-    radice.Scrivi("C:\\Download\\Nudo.EMP", "nudo");
-    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Solo.png"));
-    EXPECT_EQ(stato.doc.NomeEstratto, "FOGLIO 12.EMP");
-    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Nudo.EMP"));
-    EXPECT_EQ(stato.doc.NomeEstratto, "NUDO.EMP");
-    EXPECT_EQ(Elenco(kEstratti),
-              QStringList({"FOGLIO 12.EMP", "FOGLIO 12.PNG", "NUDO.EMP", "SOLO.PNG"}));
-    EXPECT_EQ(Messaggi().size(), 2);
-
-    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\manca.png"));
-    EXPECT_EQ(Messaggi(), QStringList({kTitolo + "C:\\DOWNLOAD\\MANCA.PNG\r\nNON trovato!"}));
-    // A drawing: the routine has nothing to copy.
-    radice.Scrivi("C:\\Download\\Rilievo.dxf", "0\r\nSECTION\r\n");
-    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Rilievo.dxf"));
-    EXPECT_TRUE(Messaggi().isEmpty());
-    EXPECT_EQ(stato.ErroriMostrati, 0);
-}
-
+// The drop of an extract with its image, of a missing one and of a hostile archive are the
+// command line's, the main form's and the unpacker's tests; here the choice among the members.
 TEST_F(CopiaEstratto, ZipDelCatastoInTmpEPoiNegliEstratti) {
     radice.Scrivi(kTmp + "VECCHIO.EMP", "di una volta");
     radice.Scrivi(kTmp + "Vecchia\\x.txt", "resta");
@@ -104,13 +76,6 @@ TEST_F(CopiaEstratto, ZipDelCatastoInTmpEPoiNegliEstratti) {
     EXPECT_EQ(radice.Leggi(kTmp + "0\\0.EMP"), "in una cartella");
     EXPECT_EQ(radice.Leggi(kTmp + "Vecchia\\x.txt"), "resta");
 
-    // No extract inside: success all the same, and the current extract stays.
-    Zip("C:\\Download\\Vuoto.zip", {{"leggimi.txt", "niente"}});
-    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Vuoto.zip"));
-    EXPECT_EQ(Messaggi().size(), 1);
-    EXPECT_EQ(stato.doc.NomeEstratto, "A001_0120.EMP");
-    EXPECT_EQ(Elenco(kEstratti).size(), 2);
-
     // The archive may already lie in tmp, which is emptied first.
     Zip(kTmp + "Qui.zip", {{"Q.EMP", "q"}});
     EXPECT_TRUE(DrageDrop(stato, kTmp + "Qui.zip"));
@@ -118,28 +83,7 @@ TEST_F(CopiaEstratto, ZipDelCatastoInTmpEPoiNegliEstratti) {
     EXPECT_EQ(stato.ErroriMostrati, 0);
 }
 
-// A member that would land outside (the unpacker's own tests cut, flip and name every way).
-TEST_F(CopiaEstratto, ZipOstileDaIlRapportoDiErrore) {
-    stato.doc.NomeEstratto = "PRIMA.EMP";
-    Zip("C:\\Download\\Ostile.zip", {{"a.EMP", "buono"}, {"../../evil.EMP", "male"}});
-    EXPECT_FALSE(DrageDrop(stato, "C:\\Download\\Ostile.zip"));
-    EXPECT_EQ(Messaggi(), QStringList({"Rilevato errore: Si è verificato questo errore : 321\r\n"
-                                       "Voce con un percorso non ammesso: ../../evil.EMP\r\n"
-                                       "Nella Routine DrageDrop"}));
-    EXPECT_TRUE(radice.Leggi("C:\\evil.EMP").isEmpty());
-    EXPECT_TRUE(radice.Leggi("C:\\pregeo\\evil.EMP").isEmpty());
-    EXPECT_EQ(Elenco(kTmp), QStringList({"OSTILE.ZIP"}));
-    EXPECT_TRUE(Elenco(kEstratti).isEmpty());
-    EXPECT_EQ(stato.doc.NomeEstratto, "PRIMA.EMP");
-
-    EXPECT_EQ(stato.ErroriMostrati, 1);
-    // The program goes on.
-    radice.Scrivi("C:\\Download\\Dopo.EMP", emp);
-    EXPECT_TRUE(DrageDrop(stato, "C:\\Download\\Dopo.EMP"));
-    EXPECT_EQ(stato.doc.NomeEstratto, "DOPO.EMP");
-}
-
-TEST_F(CopiaEstratto, ImportDelloSchermoEComandoTag) {
+TEST_F(CopiaEstratto, ImportDelloSchermo) {
     // The import copies the chosen file alone, under its own name.
     radice.Scrivi("C:\\Download\\Foglio.emp", emp);
     radice.Scrivi("C:\\Download\\Foglio.png", png);
@@ -162,14 +106,4 @@ TEST_F(CopiaEstratto, ImportDelloSchermoEComandoTag) {
     EXPECT_TRUE(stato.doc.NomeEstratto.isEmpty());
     EXPECT_TRUE(CopiaEstrattoInPregeo(stato, "C:\\Download\\manca.zip").isEmpty());
     EXPECT_EQ(Messaggi(), QStringList({kTitolo + "C:\\Download\\manca.zip\r\nNON trovato!"}));
-
-    // The command line reaches the copier through the hook, once installed.
-    radice.Scrivi("C:\\Download\\Riga.EMP", "riga");
-    EXPECT_FALSE(ComandoTag(stato, "\"c:\\download\\riga.emp\""));
-    EXPECT_TRUE(Messaggi().isEmpty());
-    InstallaEstratti(stato);
-    EXPECT_FALSE(ComandoTag(stato, "\"c:\\download\\riga.emp\""));
-    EXPECT_EQ(radice.Leggi(kEstratti + "RIGA.EMP"), "riga");
-    EXPECT_EQ(stato.doc.NomeEstratto, "RIGA.EMP");
-    EXPECT_EQ(Messaggi().size(), 1);
 }
