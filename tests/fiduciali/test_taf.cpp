@@ -34,37 +34,9 @@ TEST_F(Taf, StampaSelezioneGolden) {
     EXPECT_TRUE(p.eventi.isEmpty());
 }
 
-TEST_F(Taf, CaricaPieffe8) {
-    const QStringList libretto = {
-        "0|x|",
-        "9|20|",
-        "1|100|1.500|Note: |",
-        "2|PF03/0100/A001|12.3456|",
-        "2|PF01/0100/A001|",
-        "5|PF02/0100/A001|1.0|",
-        "2|PF01/0100/A001|",   // twice: once in the list
-        "2|PF77/0100/A001|",   // not in the TAF: no row, no message
-        "8|PF05/012A/A001|1|", // rows 8 are not looked at
-        "2|PF01/0100/G224|",   // no TAF for this municipality
-        "2|PF01/0100/A00|",    // 13 characters: not a fiducial code
-    };
-    EXPECT_EQ(CaricaPieffe8(s, libretto, false),
-              QStringList({"8|PF01/0100/A001|-12345.670|23456.780|01|SPIGOLO FABBRICATO LATO "
-                           "NORD-EST|",
-                           "8|PF02/0100/A001|-12512.110|23790.420|02|PALO ENEL IN CEMENTO "
-                           "'CENTRO'|",
-                           "8|PF03/0100/A001|-12120.005|23102.300|01|CHIODO SU CORDOLO "
-                           "MARCIAPIEDE|"}));
-    const QStringList conQuote = CaricaPieffe8(s, libretto, true);
-    ASSERT_EQ(conQuote.size(), 6);
-    EXPECT_EQ(conQuote[1], "8|PF01/0100/A001|12.450|02|BASE SPIGOLO|");
-    // Blank height, reliability and reference take their fillers.
-    EXPECT_EQ(conQuote[3], "8|PF02/0100/A001|9999.000|04|NOTE:|");
-    // <QUOTA> becomes the corner base, reliability 04.
-    EXPECT_EQ(conQuote[5], "8|PF03/0100/A001|11.980|04|Base Spigolo|");
-    EXPECT_TRUE(p.eventi.isEmpty());
-
-    // Imported, they take the place of the old rows 8.
+// The rows 8 themselves are the command line's "taf righe8"; imported, they take the place of
+// the old rows 8.
+TEST_F(Taf, ImportaRighe8) {
     s.doc.TestoLibretto = "0|x|\r\n9|20|\r\n8|PF09/0100/A001|1|2|\r\n2|PF01/0100/A001|\r\n"
                           "8|OLD|1|2|\r\n";
     CaricaLibrettoInList1(s);

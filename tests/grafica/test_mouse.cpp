@@ -1,5 +1,5 @@
-// The nearest point, coincident points, the drawing modes and the contour file (the click
-// that recentres and the red contour on the canvas are the plot screen's).
+// Coincident points, the new point and the midpoint, and a point added to the libretto (the
+// nearest point, the contours and the click that recentres are the plot screen's).
 #include "grafica.h"
 #include "supporto.h"
 
@@ -19,18 +19,6 @@ struct Mouse : ConPregeo {
 };
 
 } // namespace
-
-TEST_F(Mouse, IlPiuVicinoIlPrimoAParitaENienteOltre100000) {
-    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 5, 5), 0); // empty drawing
-    EXPECT_TRUE(MuoviMouse(g, 1, 1).prima.isEmpty());
-    Punto("A", 0, 0);
-    Punto("B", 10, 0);
-    Punto("C", 20, 0);
-    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 9, 1), 1);
-    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 15, 0), 1); // B and C tie: the first stays
-    EXPECT_EQ(BV_IlPiuVicinoAlMouse(g, 500000, 0), 0);
-    EXPECT_DOUBLE_EQ(DistanzaDuePuntiNuova(0, 0, 3, 4), 5);
-}
 
 TEST_F(Mouse, IPuntiCoincidentiSottoLUnoCentimetro) {
     Punto("A", 100, 100);
@@ -73,32 +61,6 @@ TEST_F(Mouse, NuovoPuntoEPuntoMedioAncheInMinuscolo) {
     EXPECT_EQ(g.Punti.last().Y, 10);
     EXPECT_EQ(g.Fase, 0);
     EXPECT_TRUE(g.Modo.isEmpty());
-}
-
-TEST_F(Mouse, IlContornoSiAggancicaAiPuntiEScriveIlFile) {
-    Punto("1", 1234.5, -20.25);
-    Punto("2", 10, 0);
-    Punto("3", 10, 10);
-    g.Modo = "CONTORNOROSSO";
-    EXPECT_FALSE(ClickSinistro(s, g, 1234, -20));
-    EXPECT_EQ(g.Fase, 1);
-    EXPECT_EQ(g.PuntoPrecedente, "1");
-    EXPECT_TRUE(ClickSinistro(s, g, 11, 1));
-    ASSERT_EQ(g.ContaLinee(), 1);
-    // From the new point back to the previous one.
-    const LineaGrafica& l = g.Linee[0];
-    EXPECT_EQ(std::tuple(l.X1, l.X2, l.Colore, l.Spessore, l.Stile),
-              std::tuple(10, 1234.5, 12, 3, 1));
-    TerminaContorno(g);
-    EXPECT_TRUE(g.Modo.isEmpty());
-    EXPECT_EQ(g.Fase, 1); // the next contour goes on from the last point
-    g.Modo = "contornonero";
-    ClickSinistro(s, g, 10, 9);
-    EXPECT_EQ(g.Linee[1].Colore, 0);
-    EXPECT_EQ(g.Linee[1].X2, 10);
-    EXPECT_EQ(LeggiByte(PercorsoContorno(s)), "al punto  X=1234.500  Y=-20.250  Z=   0\r\n"
-                                              "al punto  X=10.000  Y=.000  Z=   0\r\n"
-                                              "al punto  X=10.000  Y=10.000  Z=   0\r\n");
 }
 
 TEST_F(Mouse, AggiungiPuntoAFileAccodaUnaRiga8) {
