@@ -1,15 +1,21 @@
-// The commands of the main form, clicked by caption, on the demo libretto.
+// The commands of the main form, clicked by caption, on the demo libretto; its keys, its real
+// question boxes and the desktop launchers.
 #include "BV_ControlloAtto.h"
 #include "BV_EditorGen.h"
 #include "form_demo.h"
+#include "piattaforma_qt.h"
 #include "schermi.h"
+#include "traduzioni.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -21,12 +27,6 @@ using namespace tavolet::test;
 namespace {
 
 struct ComandiForm : FormAperto {
-    QStringList Selezionate() const {
-        QStringList r;
-        for (QListWidgetItem* i : form->Lista()->selectedItems()) r << i->text();
-        r.sort();
-        return r;
-    }
     // Runs passi on the editor that the next command opens.
     template <typename F> void SullEditor(F passi) {
         QTimer::singleShot(0, [passi] {
@@ -44,7 +44,7 @@ struct ComandiForm : FormAperto {
 
 } // namespace
 
-TEST_F(ComandiForm, PulsantiInertiOpzioniEPannello) {
+TEST_F(ComandiForm, PulsantiInertiOpzioniPannelloEProgrammi) {
     // Button 7 shows the sigla of the libretto's province; the inert buttons do nothing at all.
     EXPECT_EQ(form->Pulsante(7)->text(), "PD");
     const QString prima = s.doc.TestoLibretto;
@@ -75,39 +75,16 @@ TEST_F(ComandiForm, PulsantiInertiOpzioniEPannello) {
     EXPECT_TRUE(pannello->isVisible());
     QApplication::sendEvent(form->Pulsante("Salva"), &entra);
     EXPECT_FALSE(pannello->isVisible());
-}
 
-TEST_F(ComandiForm, SelezioniCopiaEProgrammi) {
-    Clic(form.get(), "Stazioni");
-    EXPECT_EQ(Selezionate(),
-              (QStringList{"1|100|1.550|Note: stazione su chiodo|", "1|200|1.520|"}));
-    Clic(form.get(), "PF");
-    EXPECT_EQ(Selezionate().size(), 4);
-    Clic(form.get(), "Inverti");
-    EXPECT_EQ(Selezionate().size(), form->Lista()->count() - 4);
-    Clic(form.get(), "Copia");
-    EXPECT_EQ(p.Messaggi().last(), "Copia Libretto: Il Libretto è stato copiato!");
-    EXPECT_EQ(p.appunti.count("\r\n"), form->Lista()->count());
-    form->Voce("Cambia", "Seleziona Contorni")->trigger();
-    EXPECT_EQ(Selezionate(), (QStringList{"7|4|1|2|3|4|RC|", "7|4|1|5|3|4|N|"}));
-
+    // The sibling programs, and the warning that comes with the automated cases.
     Clic(form.get(), "Pregeo");
     EXPECT_EQ(p.eventi.last().titolo, "C:\\Program Files (x86)\\Sarvento\\Dexaro.exe");
-    // The demo's extract has expired: the check asks first, and "Si" saves all the same.
-    p.risposte << Risposta::Si;
-    Clic(form.get(), "&Salva in Pregeo");
-    EXPECT_EQ(p.eventi.last().titolo, "C:\\Program Files (x86)\\Sarvento\\Sarquad.exe");
     form->Voce("Sarvento", "")->trigger();
-    EXPECT_EQ(p.eventi.last().tipo, "avvia");
-    p.processiAttivi = {"fire.exe"};
-    form->Voce("     &File    ", "Kill Pregeo")->trigger();
-    EXPECT_EQ(p.Messaggi().last(), "Kill Pregeo: Il programma fire.exe è stato terminato!");
+    EXPECT_EQ(p.eventi.last().titolo, "C:\\Program Files (x86)\\Sarvento\\Sarquad.exe");
     form->Voce("Tipologie Automatizzate", "Informazioni generali - operative - garanzie")
         ->trigger();
     EXPECT_TRUE(
         p.Messaggi().last().startsWith("Informazioni generali - operative - garanzie: Si avvisa"));
-    form->Voce("&?", "@ WEB")->trigger();
-    EXPECT_EQ(p.eventi.last().tipo, "apriconprogramma");
 }
 
 TEST_F(ComandiForm, EditorConLaDomandaDiUscitaECtrlZ) {
@@ -159,7 +136,6 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
     ASSERT_TRUE(form->TrascinaDati(&dati));
     QTest::qWait(10);
     EXPECT_EQ(p.Domande(), QStringList{"Trascina Libretto: Sostituire il Libretto Esistente?"});
-    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Lavori\\COMPLETO.DAT");
     EXPECT_EQ(Stato(), "Aperto C:\\Lavori\\COMPLETO.DAT");
     const QStringList caricate = Voci(form->Lista());
     ASSERT_NE(caricate, esempio);
@@ -167,8 +143,7 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
 
     QTimer::singleShot(0, [] { Clic(QApplication::activeModalWidget(), "&Conferma"); });
     Clic(form.get(), "Ordina");
-    const QStringList riordinate = Voci(form->Lista());
-    ASSERT_NE(riordinate, caricate);
+    ASSERT_NE(Voci(form->Lista()), caricate);
     EXPECT_EQ(Stato(), "Righe riordinate");
 
     Tasto(Qt::Key_Z);
@@ -177,14 +152,9 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
     Tasto(Qt::Key_Z);
     EXPECT_EQ(Voci(form->Lista()), esempio);
     EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\ESEMPIO.DAT");
-    EXPECT_EQ(s.doc.NomeEstratto, "G693_0012.EMP");
     // The head comes back with rows 0 and 9: the title as before.
     EXPECT_EQ(s.testata.CodiceComuneLibretto, "G693");
     EXPECT_TRUE(form->windowTitle().contains("[CF Comune : G693 - PIOVE DI SACCO]"));
-    Tasto(Qt::Key_Y);
-    Tasto(Qt::Key_Y);
-    EXPECT_EQ(Voci(form->Lista()), riordinate);
-    EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\Lavori\\COMPLETO.DAT");
 }
 
 // "Controllo Atto": the grid, the double click on a finding, Aggiorna, Esporta, and the question
@@ -202,14 +172,24 @@ struct ControlloDalForm : FormSuDemo {
     }
 };
 
-TEST_F(ControlloDalForm, GrigliaDoppioClicAggiornaEsporta) {
-    QAction* voce = form->Voce("Utilità", "Controllo Atto");
-    ASSERT_NE(voce, nullptr);
-    EXPECT_EQ(voce->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
-    voce->trigger();
+TEST_F(ControlloDalForm, SalvaInPregeoGrigliaDoppioClicAggiornaEsporta) {
+    auto avviati = [&] {
+        return std::count_if(p.eventi.begin(), p.eventi.end(),
+                             [](const Evento& e) { return e.tipo == "avvia"; });
+    };
+    // With errors "Salva in Pregeo" asks first; the default answer, No, leaves the report on
+    // screen and Sarquad not started.
+    Clic(form.get(), "&Salva in Pregeo");
+    EXPECT_EQ(p.Domande(), QStringList{"Controllo Atto: Il controllo dell'atto ha trovato 2 "
+                                       "errori.\r\nSalvare comunque?"});
+    EXPECT_EQ(avviati(), 0);
     BV_ControlloAtto* c = form->ControlloAtto();
     ASSERT_NE(c, nullptr);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(c));
+    QAction* voce = form->Voce("Utilità", "Controllo Atto");
+    EXPECT_EQ(voce->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
+    voce->trigger();
+    EXPECT_EQ(form->ControlloAtto(), c);
     // The unknown point and the extract's age (today is 15 January 2026); sorted by row.
     EXPECT_EQ(c->windowTitle(), "Controllo Atto - 2 errori, 2 avvisi");
     QTableWidget* g = c->Griglia();
@@ -225,7 +205,6 @@ TEST_F(ControlloDalForm, GrigliaDoppioClicAggiornaEsporta) {
     QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, cella);
     QTest::mouseDClick(g->viewport(), Qt::LeftButton, {}, cella);
     EXPECT_EQ(form->Lista()->currentRow(), 16);
-    EXPECT_EQ(form->Lista()->selectedItems().size(), 1);
     EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{16});
 
     // The operator mends the row: "Aggiorna" finds the act without that fault.
@@ -233,32 +212,17 @@ TEST_F(ControlloDalForm, GrigliaDoppioClicAggiornaEsporta) {
     s.doc.RigheLibretto.Imposta(16, "7|4|1|5|3|4|N|");
     Clic(c, "Aggiorna");
     EXPECT_EQ(c->windowTitle(), "Controllo Atto - 1 errore, 2 avvisi");
-
     Clic(c, "Esporta");
     EXPECT_EQ(radice.Leggi("C:\\Libretti\\ESEMPIO_CONTROLLO.TXT"),
               AWindows1252(TestoRapporto(c->Rilievi())));
     EXPECT_EQ(p.Messaggi().last(), "Controllo Atto: Controllo esportato in\r\n" +
                                        PercorsoRapporto(s.doc.PercorsoLibretto));
-}
 
-TEST_F(ControlloDalForm, SalvaInPregeoChiedeSeCiSonoErrori) {
-    const QString domanda = "Controllo Atto: Il controllo dell'atto ha trovato 2 errori.\r\n"
-                            "Salvare comunque?";
-    auto avviati = [&] {
-        return std::count_if(p.eventi.begin(), p.eventi.end(),
-                             [](const Evento& e) { return e.tipo == "avvia"; });
-    };
-    // The default answer is No: the report stays on screen and Sarquad does not start.
-    Clic(form.get(), "&Salva in Pregeo");
-    EXPECT_EQ(p.Domande(), QStringList{domanda});
-    EXPECT_EQ(avviati(), 0);
-    ASSERT_NE(form->ControlloAtto(), nullptr);
-    EXPECT_TRUE(form->ControlloAtto()->isVisible());
+    // "Si" saves all the same; with the option off nothing is asked.
     p.risposte << Risposta::Si;
     Clic(form.get(), "&Salva in Pregeo");
     EXPECT_EQ(p.Domande().size(), 2);
     EXPECT_EQ(avviati(), 1);
-    // With the option off nothing is asked.
     QListWidget* opzioni = form->OpzioniSalvataggio();
     opzioni->item(opzioni->count() - 1)->setCheckState(Qt::Unchecked);
     Clic(form.get(), "&Salva in Pregeo");
@@ -267,3 +231,141 @@ TEST_F(ControlloDalForm, SalvaInPregeoChiedeSeCiSonoErrori) {
 }
 
 } // namespace
+
+// What a desktop user meets without thinking: Italian standard buttons, Ctrl+C, Ctrl+F, F1, the
+// status bar that says what the last command did, and desktop launchers.
+namespace {
+
+using Scorciatoie = FormAperto;
+
+// Answers the real question box that the next command opens with that key.
+void RispondiCon(Qt::Key tasto, QStringList* visti = nullptr) {
+    QTimer::singleShot(0, [=] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        if (visti)
+            *visti << box->windowTitle() << box->text() << box->button(QMessageBox::Yes)->text()
+                   << box->button(QMessageBox::No)->text() << box->defaultButton()->text();
+        QTest::keyClick(box, tasto);
+    });
+}
+
+} // namespace
+
+TEST(TraduzioniItaliane, DomandeConSiNoEAnnulla) {
+    ASSERT_TRUE(InstallaTraduzioniItaliane());
+    RadiceProva radice;
+    CopiaDemo(radice.Percorso());
+    PiattaformaQt qt;
+    Stato s(qt);
+    Inizializza(s);
+    CaricaConfig(s);
+    s.doc.PercorsoLibretto = "C:\\Libretti\\ESEMPIO.DAT";
+    CaricaLibrettoMisure(s);
+    CaricaLibrettoInList1(s);
+    BV_LibrettoOriginale form(s);
+    qt.ImpostaFinestra(&form);
+    form.MostraDocumento();
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    const int n = form.Lista()->count();
+
+    // The real question box: its standard buttons in Italian, "S" answers yes, "N" no.
+    QStringList visti;
+    RispondiCon(Qt::Key_S, &visti);
+    form.Lista()->item(3)->setSelected(true);
+    form.Lista()->setFocus();
+    QTest::keyClick(form.Lista(), Qt::Key_Delete);
+    EXPECT_EQ(visti, (QStringList{"Elimina righe dal Libretto", "Eliminare le Righe selezionate?",
+                                  "&Sì", "&No", "&No"}));
+    EXPECT_EQ(form.Lista()->count(), n - 1);
+    RispondiCon(Qt::Key_N);
+    form.Lista()->item(3)->setSelected(true);
+    QTest::keyClick(form.Lista(), Qt::Key_Delete);
+    EXPECT_EQ(form.Lista()->count(), n - 1);
+    // Annulla on a three-button question.
+    QString annulla;
+    QTimer::singleShot(0, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        annulla = box->button(QMessageBox::Cancel)->text();
+        box->button(QMessageBox::Cancel)->click();
+    });
+    EXPECT_EQ(qt.Domanda("Salvare?", "Uscita da Editor", Pulsanti::SiNoAnnulla, Risposta::Si),
+              Risposta::Annulla);
+    EXPECT_EQ(annulla, "Annulla");
+}
+
+TEST_F(Scorciatoie, CtrlCCtrlFF1) {
+    QTest::keyClick(form->Lista(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(p.Messaggi(), QStringList{"Copia Libretto: Il Libretto è stato copiato!"});
+    EXPECT_TRUE(p.appunti.startsWith("0|15032024|245|G693|"));
+    EXPECT_EQ(Stato(), "Libretto copiato negli appunti: 24 righe");
+
+    // Ctrl+F: the find field; Enter selects the next row holding the text, case ignored.
+    QTest::keyClick(form.get(), Qt::Key_F, Qt::ControlModifier);
+    QLineEdit* trova = form->CampoTrova();
+    EXPECT_TRUE(trova->hasFocus());
+    QTest::keyClicks(trova, "pf05");
+    QTest::keyClick(trova, Qt::Key_Return);
+    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{12});
+    EXPECT_EQ(form->Contatore()->text(), "13 / 24");
+    EXPECT_EQ(Stato(), "Trovato alla riga 13 di 24");
+    QTest::keyClick(trova, Qt::Key_Return);
+    EXPECT_EQ(form->Lista()->selectedItems().value(0)->text(),
+              "8|PF05/0120/G693|-1388.102|3021.775|SF|");
+    QTest::keyClick(trova, Qt::Key_Return); // from the top again
+    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{12});
+    trova->setText("zzz");
+    QTest::keyClick(trova, Qt::Key_Return);
+    EXPECT_EQ(Stato(), "Nessuna riga contiene \"zzz\"");
+    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{12});
+
+    // F1: the information on version and folders.
+    form->Lista()->setFocus();
+    QString informazioni;
+    QTimer::singleShot(0, [&] {
+        QWidget* modale = QApplication::activeModalWidget();
+        ASSERT_NE(modale, nullptr);
+        if (auto* elenco = modale->findChild<QPlainTextEdit*>("Elenco"))
+            informazioni = elenco->toPlainText();
+        modale->close();
+    });
+    QTest::keyClick(form.get(), Qt::Key_F1);
+    EXPECT_TRUE(informazioni.contains("Elenco Cartelle utilizzate da Tavolet"));
+    EXPECT_EQ(p.Messaggi().size(), 1);
+}
+
+TEST(PiattaformaQtProva, CollegamentiComeLanciatoriDelDesktop) {
+    RadiceProva radice;
+    QTemporaryDir casa;
+    const QByteArray vecchiaCasa = qgetenv("HOME"), vecchiDati = qgetenv("XDG_DATA_HOME");
+    qputenv("HOME", casa.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", (casa.path() + "/.local/share").toLocal8Bit());
+    PiattaformaQt p;
+    const QString nome = "PREGEO 10.00-G APAG 2.12";
+    ASSERT_TRUE(
+        p.CreaCollegamento(LuogoCollegamento::Desktop, nome, "C:\\PREGEO\\EXE\\PREGEO.EXE"));
+    ASSERT_TRUE(
+        p.CreaCollegamento(LuogoCollegamento::MenuProgrammi, nome, "C:\\PREGEO\\EXE\\PREGEO.EXE"));
+    QDir().mkpath(radice.Percorso() + "/drive_c/PREGEO");
+    ASSERT_TRUE(p.CreaCollegamento(LuogoCollegamento::Desktop, "PREGEO", "C:\\PREGEO"));
+    qputenv("HOME", vecchiaCasa);
+    if (vecchiDati.isEmpty())
+        qunsetenv("XDG_DATA_HOME");
+    else
+        qputenv("XDG_DATA_HOME", vecchiDati);
+
+    const QString programma = casa.path() + "/Desktop/" + nome + ".desktop";
+    const QString voce = QString::fromUtf8(LeggiFile(programma));
+    EXPECT_TRUE(voce.startsWith("[Desktop Entry]\nName=" + nome + "\nType=Application\n"));
+    // The backslashes of a quoted argument are written four times in a launcher.
+    EXPECT_TRUE(voce.contains("Exec=env WINEPREFIX=\"" + radice.Percorso() +
+                              "\" wine \"C:\\\\\\\\PREGEO\\\\\\\\EXE\\\\\\\\PREGEO.EXE\"\n"))
+        << voce.toStdString();
+    EXPECT_TRUE(QFile::permissions(programma) & QFileDevice::ExeOwner);
+    EXPECT_TRUE(QFile::exists(casa.path() + "/.local/share/applications/" + nome + ".desktop"));
+    EXPECT_EQ(QString::fromUtf8(LeggiFile(casa.path() + "/Desktop/PREGEO.desktop")),
+              "[Desktop Entry]\nName=PREGEO\nType=Link\nURL=file://" + radice.Percorso() +
+                  "/drive_c/PREGEO\n");
+}

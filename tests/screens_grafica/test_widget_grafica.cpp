@@ -1,5 +1,7 @@
 // The plot control on the offscreen platform: captions, commands, mouse, printing, and the
-// painter's picture against a plain reference painting.
+// painter's picture against a plain reference painting; the image preview; the plot's files read
+// by real programs.
+#include "Anteprima.h"
 #include "AnteprimaGrafica.h"
 #include "Grafica.h"
 #include "TelaImmagine.h"
@@ -14,6 +16,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFileInfo>
+#include <QImage>
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -30,6 +34,14 @@ using namespace tavolet;
 using namespace tavolet::test;
 
 namespace {
+
+// Pixels darker than soglia in the rectangle.
+int Scuri(const QImage& img, const QRect& r, int soglia) {
+    int n = 0;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x) n += qGray(img.pixel(x, y)) < soglia;
+    return n;
+}
 
 // Ink of a picture: the pixels that are not white.
 QVector<bool> Inchiostro(const QImage& im) {
@@ -126,11 +138,6 @@ TEST_F(WidgetGrafica, IlMouseEtichetteCentroTrascinamentoEContorno) {
     EXPECT_TRUE(w->Modello().Modo.isEmpty());
     EXPECT_EQ(LeggiTesto(PercorsoContorno(s)).count("al punto"), 2);
 
-    // A left click with no mode recentres on the clicked world point.
-    const QPoint centro(canvas->width() / 2, canvas->height() / 2);
-    const double cx = v.CentroX;
-    QTest::mouseClick(canvas, Qt::LeftButton, {}, centro + QPoint(100, 0));
-    EXPECT_NEAR(v.CentroX, cx + 100 * v.Altezza / canvas->height(), v.Altezza / 200);
 }
 
 TEST_F(WidgetGrafica, OriginaleOpzioniEPropostaSalvateAllaFine) {
@@ -190,44 +197,12 @@ double Vicino(const QVector<bool>& a, const QVector<bool>& b, int w, int h) {
     return tot ? double(ok) / double(tot) : 1.0;
 }
 
-// Passes every stroke on to an image Tela, counting the lines and markers; with mappa false it
-// does not tell where the image is wholly taken.
-struct TelaContata : Tela {
-    TelaContata(TelaImmagine& t, bool mappa) : t(t), mappa(mappa) {}
-    TelaImmagine& t;
-    bool mappa;
-    qsizetype tratti = 0;
-    double LarghezzaMm() const override { return t.LarghezzaMm(); }
-    double AltezzaMm() const override { return t.AltezzaMm(); }
-    double TwipsPerPixel() const override { return t.TwipsPerPixel(); }
-    void Pulisci() override { t.Pulisci(); }
-    void Scala(double x1, double y1, double x2, double y2) override { t.Scala(x1, y1, x2, y2); }
-    void Linea(double x1, double y1, double x2, double y2, int s, int st, int c) override {
-        ++tratti;
-        t.Linea(x1, y1, x2, y2, s, st, c);
-    }
-    void Cerchio(double x, double y, double r, int c) override {
-        ++tratti;
-        t.Cerchio(x, y, r, c);
-    }
-    void Testo(double x, double y, const QString& s, const QString& f, double h, double a,
-               int c) override {
-        t.Testo(x, y, s, f, h, a, c);
-    }
-    void TestoNoto(ChiaveTesto k, double x, double y, const QString& s, const QString& f, double h,
-                   double a, int c) override {
-        t.TestoNoto(k, x, y, s, f, h, a, c);
-    }
-    bool IniziaAlRovescio() override { return t.IniziaAlRovescio(); }
-    bool FinisciAlRovescio() override { return t.FinisciAlRovescio(); }
-    bool MappaCoperture(Coperture& m) override { return mappa && t.MappaCoperture(m); }
-};
-
 // The pixels the plot writes itself: culling, glyphs kept across redraws and strokes laid
 // from the last leave the picture as the plain drawing of every record in order with fresh
 // glyphs, pixel for pixel; and the strokes fall where the painter of the printer puts them
 // (rings, names, lines), on generated sheets at several zooms, with turned toponyms, thick
-// and dashed lines among them.
+// and dashed lines among them; and a text only the painter can set makes the Tela give up
+// drawing from the last.
 TEST(DisegnoRiferimento, LImmagineDiretta) {
     PiattaformaFinta p;
     Stato s(p);
@@ -270,54 +245,12 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
             for (int k = 0; k < 6; ++k) BV_ZoomPiu(g);
             BV_ZoomRight(g);
             BV_ZoomUP(g);
-        }
-    }
-    // A sheet seen whole on a small canvas, where the names cover every pixel many times: in
-    // order, most glyphs fall on tiles already of their colour and are passed over; from the
-    // last, most pixels are taken early, and the markers and lines of cells already wholly
-    // taken are not given at all. The same picture
-    // three ways at each step; names changed in place (and counted) are drawn anew with the
-    // glyphs kept; and a text only the painter can set makes the Tela give up its way, and the
-    // drawing start again in order.
-    for (bool segnato : {false, true}) {
-        OpzioniEstratto o;
-        o.vertici = 20000;
-        VistaGrafica vista;
-        ModelloGrafica g(&vista);
-        CaricaRigheEstratto(s, g, RigheDiTesto(GeneraEstratto(o)));
-        if (segnato)
-            BV_AggiungiPuntoGraf(g, QStringLiteral("ca\u0300%"), g.Punti[5].X, g.Punti[5].Y, 0, {},
-                                 4, 0, QStringLiteral("Courier New"), 9);
-        CacheGlifi glifi;
-        for (int passo = 0; passo < 5; ++passo) {
-            QImage a(320, 200, QImage::Format_RGB32), b(320, 200, QImage::Format_RGB32);
-            QImage c(320, 200, QImage::Format_RGB32), d(320, 200, QImage::Format_RGB32);
-            qsizetype tratti[2] = {};
-            for (QImage* im : {&a, &b, &c, &d}) {
-                TelaImmagine t(*im, 96, im == &a ? &glifi : nullptr);
-                t.UsaMappaTinte(im != &b);
-                t.UsaRovescio(im == &a || im == &d);
-                TelaContata contata(t, im != &d);
-                BV_RidisegnaGrafica(g, contata);
-                if (im == &a || im == &d) tratti[im == &d] = contata.tratti;
-            }
-            EXPECT_EQ(a, b) << segnato << " passo " << passo;
-            EXPECT_EQ(a, c) << segnato << " passo " << passo;
-            EXPECT_EQ(a, d) << segnato << " passo " << passo;
-            if (passo == 0) {
-                EXPECT_EQ(a.pixel(160, 100), qRgb(0, 0, 0)); // the middle is all ink
-            }
-            if (passo == 1 && !segnato) {
-                // Where the image is already taken, most lines and markers are not given.
-                EXPECT_LT(tratti[0] * 5, tratti[1]);
-            }
-            if (passo == 2) {
-                for (PuntoGrafica& p : g.Punti)
-                    if (p.Nome.endsWith(u'%')) p.Nome = u'4' + p.Nome.left(2);
+            // Names changed in place are drawn anew with the glyphs kept.
+            if (passo == 1) {
+                for (PuntoGrafica& pg : g.Punti)
+                    if (pg.Nome.endsWith(u'%')) pg.Nome = u'4' + pg.Nome.left(2);
                 ++g.Versione;
             }
-            if (passo >= 2) BV_ZoomPiu(g);
-            if (passo == 3) BV_ZoomRight(g);
         }
     }
     {
@@ -448,4 +381,115 @@ TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
             EXPECT_EQ(im, avanti) << "giro " << giro;
         }
     }
+}
+
+// The image preview: a picture fitted and centred, its commands and dragging; a file that is not
+// an image.
+TEST(AnteprimaProva, UnPNGSiAdattaCentratoEIComandiUnFileCheNonEImmagine) {
+    RadiceProva radice;
+    PiattaformaFinta p;
+    Stato s{p};
+    Anteprima a{s};
+    a.resize(400, 300);
+    a.show();
+    QApplication::processEvents();
+    QImage img(200, 100, QImage::Format_RGB32);
+    img.fill(Qt::darkGreen);
+    ASSERT_TRUE(img.save(radice.Percorso() + "/A.PNG", "PNG"));
+    ASSERT_TRUE(a.LoadImmagine(radice.Percorso() + "/A.PNG"));
+    // 200x100 into 400x300: twice, centred.
+    EXPECT_EQ(a.ImmagineLarghezza, 400);
+    EXPECT_EQ(a.ImmagineAltezza, 200);
+    EXPECT_EQ(a.ImmagineLeft, 0);
+    EXPECT_EQ(a.ImmagineTop, 50);
+    // Each command moves or sizes the image by a step: halves, whole widths, twentieths.
+    const struct {
+        int comando;
+        int Anteprima::*campo;
+        int atteso;
+    } passi[] = {{5, &Anteprima::ImmagineLarghezza, 200}, {2, &Anteprima::ImmagineLeft, 200},
+                 {3, &Anteprima::ImmagineTop, 200},       {0, &Anteprima::ImmagineTop, 0},
+                 {1, &Anteprima::ImmagineLeft, 0},        {6, &Anteprima::ImmagineLarghezza, 210},
+                 {7, &Anteprima::ImmagineLarghezza, 200}, {9, &Anteprima::ImmagineLeft, 10},
+                 {8, &Anteprima::ImmagineLeft, 0}};
+    for (const auto& passo : passi) {
+        a.Eseguicomando(passo.comando);
+        EXPECT_EQ(a.*passo.campo, passo.atteso) << passo.comando;
+    }
+    a.Eseguicomando(10);
+    EXPECT_EQ(p.Messaggi(), QStringList({"Copia Schermo: Immagine copiata negli Appunti!"}));
+    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+
+    // Dragging moves the image with the cursor.
+    QTest::mousePress(&a, Qt::LeftButton, {}, QPoint(50, 50));
+    QTest::mouseMove(&a, QPoint(80, 70));
+    QTest::mouseRelease(&a, Qt::LeftButton, {}, QPoint(80, 70));
+    EXPECT_EQ(a.ImmagineLeft, 30);
+    EXPECT_EQ(a.ImmagineTop, 20);
+    a.grab().save("/tmp/anteprima.png");
+
+    // The placeholder that the CXF conversion writes: the message, and no image to fit.
+    radice.Scrivi("C:\\x\\D.PNG", "filevuoto\r\n");
+    EXPECT_FALSE(a.LoadImmagine("C:\\x\\D.PNG"));
+    EXPECT_EQ(p.Messaggi().last(), "GDI+ Module: Errore nel caricare l'immagine D.PNG");
+    EXPECT_TRUE(a.Immagine().isNull());
+    a.Eseguicomando(4);
+    EXPECT_FALSE(a.LoadImmagine(QString()));
+    EXPECT_EQ(p.Messaggi().size(), 2);
+}
+
+// What leaves Tavolet, read by real programs: the HTML page in Chromium, and tavolet-cli's
+// grafica commands with their switches.
+TEST(Consumatori, LaPaginaHTMLSiVedeInChromium) {
+    if (!QFileInfo::exists("/usr/bin/chromium")) GTEST_SKIP() << "chromium non installato";
+    QTemporaryDir dir;
+    const QString html = dir.filePath("g.html"), png = dir.filePath("g.png");
+    const Esito e = Esegui({"grafica", "html", PercorsoDati("grafica/ESTRATTO.EMP"), html});
+    ASSERT_EQ(e.codice, 0) << (e.out + e.err).toStdString();
+    const Esito c = EseguiProgramma(
+        "/usr/bin/chromium", {"--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
+                              "--user-data-dir=" + dir.filePath("profilo"),
+                              "--window-size=1100,1100", "--screenshot=" + png, "file://" + html});
+    const QImage img(png);
+    ASSERT_FALSE(img.isNull()) << (c.out + c.err).toStdString();
+    // The canvas starts at the page's margin (8 px) and its border (2 px); the drawing stands
+    // around its centre (500, 500), and outside it the canvas is blank.
+    EXPECT_GT(Scuri(img, QRect(310, 310, 400, 400), 200), 500);
+    EXPECT_EQ(Scuri(img, QRect(20, 20, 100, 100), 200), 0);
+}
+
+TEST(Consumatori, GraficaDaRigaDiComando) {
+    QTemporaryDir dir;
+    const QString in = PercorsoDati("grafica/ESTRATTO.EMP");
+    auto file = [&](const QString& n) { return dir.filePath(n); };
+    // Each exporter as the plot's own; the switches: no names, no toponyms, no fiducial points.
+    ASSERT_EQ(Esegui({"grafica", "stampa", in, file("s.txt")}).codice, 0);
+    EXPECT_EQ(LeggiByte(file("s.txt")), Dati("grafica/ESTRATTO_STAMPE.TXT"));
+    ASSERT_EQ(Esegui({"grafica", "dxf", in, file("b.dxf"), "--nomi-no", "--toponimi-no", "--pf-no"})
+                  .codice,
+              0);
+    const QString b = LeggiTesto(file("b.dxf"));
+    EXPECT_FALSE(b.contains("PF01/0120/A001"));
+    EXPECT_FALSE(b.contains("\r\n1T\r\n"));
+    EXPECT_FALSE(b.contains("\r\n 257\r\n"));
+    // The Proposta of a .sur.
+    ASSERT_EQ(Esegui({"grafica", "copiainfile", PercorsoDati("grafica/PROPOSTA.SUR"), file("p.txt"),
+                      "--proposta"})
+                  .codice,
+              0);
+    EXPECT_EQ(LeggiByte(file("p.txt")), Dati("grafica/PROPOSTA_COPIAINFILE.TXT"));
+
+    const Esito e =
+        Esegui({"grafica", "png", in, file("g.png"), "--larghezza", "640", "--altezza", "400"});
+    ASSERT_EQ(e.codice, 0) << (e.out + e.err).toStdString();
+    const QImage img(file("g.png"));
+    ASSERT_EQ(img.size(), QSize(640, 400));
+    EXPECT_GT(Scuri(img, img.rect(), 128), 300);
+
+    // Bad use and missing files.
+    EXPECT_EQ(Esegui({"grafica", "dxf", in}).codice, 2);
+    EXPECT_EQ(Esegui({"grafica", "png", in, file("x.png"), "--larghezza", "0"}).codice, 2);
+    const Esito manca = Esegui({"grafica", "dxf", file("manca.EMP"), file("x.dxf")});
+    EXPECT_EQ(manca.codice, 1);
+    EXPECT_TRUE((manca.out + manca.err).contains("manca.EMP")) << manca.out.toStdString();
 }
