@@ -25,46 +25,19 @@ struct Archivio : ConPregeo {
 
 } // namespace
 
-// Duplica and Elimina on the screen, Vuota and the parcel commands on the command line; here
-// what they leave to the routines: the copy that fails without its image, the rename, the
-// suffix, the owners' backup, a parcel in no ring, the export.
-TEST_F(Archivio, ComandiSuiFile) {
-    radice.Scrivi(kCartella + "SOLO.EMP", "0|\r\n");
-    EXPECT_FALSE(DuplicaEstratto(s, "SOLO.EMP", "SOLO2"));
-    EXPECT_TRUE(p.Messaggi().last().contains("Nella Routine DuplicaEstratto"));
-    EXPECT_FALSE(EsisteFile(kCartella + "SOLO2.EMP"));
-
+// Duplica, Elimina, Vuota, Azzera Ditte and the parcel commands are the screen's and the command
+// line's, the protocol's search the act's; here the rename, the suffix and the export.
+TEST_F(Archivio, RinominaCopiaEsporta) {
     ASSERT_TRUE(RinominaEstratto(s, "F120.EMP", "NUOVO"));
     EXPECT_FALSE(EsisteFile(kCartella + "F120.EMP") || EsisteFile(kCartella + "F120.PNG"));
     EXPECT_EQ(Leggi("NUOVO.PNG"), Dati("estratti/realistico.PNG"));
     EXPECT_EQ(CopiaEstrattoConSuffisso(s, "NUOVO.EMP"), "NUOVO1.EMP");
     EXPECT_EQ(Leggi("NUOVO1.PNG"), Dati("estratti/realistico.PNG"));
-
-    const int messaggi = p.Messaggi().size();
-    ASSERT_TRUE(AzzeraDitte(s, "NUOVO.EMP"));
-    EXPECT_EQ(p.Messaggi().last(),
-              "Azzera Ditte: Intestatari archiviati ed eliminati dall'Estratto!");
-    EXPECT_EQ(LeggiByte(s.amb.CartellaLavoro + "\\TEMP\\NUOVO.BAK"),
-              Dati("estratti/realistico.EMP"));
-    // A parcel in no ring: the file stays as it was, with no message.
-    const QByteArray prima = Leggi("NUOVO.EMP");
-    ASSERT_TRUE(RinominaParticella(s, "NUOVO.EMP", "999", "1000"));
-    EXPECT_EQ(Leggi("NUOVO.EMP"), prima);
-    EXPECT_EQ(p.Messaggi().size(), messaggi + 1);
-
     radice.Scrivi("C:\\Esportati\\LEGGIMI.TXT", "");
     ASSERT_TRUE(EsportaEstratto(s, "NUOVO.EMP", "C:\\Esportati\\COPIA.EMP"));
-    EXPECT_EQ(radice.Leggi("C:\\Esportati\\COPIA.EMP"), prima);
-    EXPECT_EQ(radice.Leggi("C:\\Esportati\\COPIA.PNG"), Leggi("NUOVO.PNG"));
-}
-
-// The sample extracts are the screen's; here the act's protocol finds its extract, the first
-// match, and an empty first line ends the search.
-TEST_F(Archivio, Protocollo) {
-    radice.Scrivi(kCartella + "P.EMP", "0|01012025|XX1/2025|A001|\r\n");
-    radice.Scrivi(kCartella + "VUOTO.EMP", "\r\n8|1%|0|0|\r\n");
-    EXPECT_EQ(TrovaEstrattoPerProtocollo(s, {"F120.EMP", "P.EMP"}, "XX1/2025"), "P.EMP");
-    EXPECT_EQ(TrovaEstrattoPerProtocollo(s, {"VUOTO.EMP", "P.EMP"}, "XX1/2025"), "");
+    EXPECT_EQ(radice.Leggi("C:\\Esportati\\COPIA.EMP"), Dati("estratti/realistico.EMP"));
+    EXPECT_EQ(radice.Leggi("C:\\Esportati\\COPIA.PNG"), Dati("estratti/realistico.PNG"));
+    EXPECT_TRUE(p.Messaggi().isEmpty());
 }
 
 // The rest of the self-made extract is the command line's estratto completa and the screen's.
