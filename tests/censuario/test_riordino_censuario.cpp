@@ -91,20 +91,3 @@ TEST_F(ConCensuario, OgniModelloPassaIlRiordinoSenzaAvviso) {
         EXPECT_EQ(s.ErroriMostrati, 0);
     }
 }
-
-TEST_F(ConCensuario, IlModelloAusiliarioNonEContatoDalRiordino) {
-    // The regrouping counts only the heads "3SPC " and "51FTP": a fusione of kind
-    // "Ausiliario" alone gets its warning there.
-    Libretto();
-    OpzioniFusione o;
-    o.tm = false;
-    o.particelle = {"6|PARTICELLA|35|02|SEMINATIVO  |29380|29380|0|0|SN|"};
-    QStringList a = AnteprimaFusione({}, o, s.amb.TabellaQualita);
-    QStringList memo;
-    AggiungiMemoFusione(s, memo, a);
-    SostituisciFusioneInLibretto(s, memo);
-    p.eventi.clear();
-    const GruppiLibretto g = EsplodiLibretto(s);
-    EXPECT_EQ(g.GruppoCensuario.size(), 5);
-    EXPECT_TRUE(Avvisato(p));
-}

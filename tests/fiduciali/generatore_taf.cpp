@@ -7,30 +7,20 @@
 
 namespace tavolet::test {
 
-namespace {
-
-void Metti(QString& r, int colonna, const QString& testo) {
-    for (int i = 0; i < testo.size(); ++i) r[colonna - 1 + i] = testo[i];
-}
-
-} // namespace
-
 QString RigaTafCampi(const CampiTaf& c) {
     QString r(239, u' ');
-    Metti(r, 1, c.comune.leftJustified(5, u' ', true));
-    Metti(r, 6, c.foglio.rightJustified(5, u' ', true));
-    Metti(r, 11, c.allegato.rightJustified(2, u' ', true));
-    Metti(r, 14, c.numero.rightJustified(4, u' ', true));
-    Metti(r, 18, c.mappa.leftJustified(9, u' ', true));
-    Metti(r, 30, c.rifPlan.leftJustified(65, u' ', true));
-    Metti(r, 102, c.nord.rightJustified(12, u' ', true));
-    Metti(r, 115, c.est.rightJustified(12, u' ', true));
-    Metti(r, 128, c.attPlan.rightJustified(2, u' ', true));
-    Metti(r, 130, c.data1.leftJustified(4, u' ', true));
-    Metti(r, 139, c.data2.leftJustified(4, u' ', true));
-    Metti(r, 143, c.aggiornamento.leftJustified(22, u' ', true));
-    Metti(r, 165, c.rifAltim.leftJustified(60, u' ', true));
-    Metti(r, 237, c.attAltim.rightJustified(2, u' ', true));
+    // Each field at its column (from 1), cut to its width, numbers to the right.
+    const std::tuple<int, int, bool, const QString&> campi[] = {
+        {1, 5, false, c.comune},      {6, 5, true, c.foglio},    {11, 2, true, c.allegato},
+        {14, 4, true, c.numero},      {18, 9, false, c.mappa},   {30, 65, false, c.rifPlan},
+        {102, 12, true, c.nord},      {115, 12, true, c.est},    {128, 2, true, c.attPlan},
+        {130, 4, false, c.data1},     {139, 4, false, c.data2},  {143, 22, false, c.aggiornamento},
+        {165, 60, false, c.rifAltim}, {237, 2, true, c.attAltim}};
+    for (const auto& [colonna, larghezza, destra, testo] : campi) {
+        const QString t = destra ? testo.rightJustified(larghezza, u' ', true)
+                                 : testo.leftJustified(larghezza, u' ', true);
+        r.replace(colonna - 1, t.size(), t);
+    }
     return r + c.quota;
 }
 
