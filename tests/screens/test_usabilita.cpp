@@ -78,8 +78,6 @@ TEST_F(FormSuDemo, StoricoRipristinaLaTerzultimaEAnnulla) {
     const QStringList attuali = Voci(form->Lista());
     const QString percorso = s.doc.PercorsoLibretto;
     const QByteArray suDisco = radice.Leggi(kEsempio);
-    const QList<VersioneLibretto> v = VersioniLibretto(s, kEsempio);
-    ASSERT_EQ(v.size(), 4);
 
     SulModale([&](QWidget* m) {
         auto* f = qobject_cast<FormStorico*>(m);
@@ -254,16 +252,14 @@ TEST_F(FormSuDemo, PosizioneSalvataFuoriDalloSchermoTornaDentro) {
     EXPECT_TRUE(form->PannelloUtilita()->isVisible());
     EXPECT_EQ(form->size(), prima);
 
-    // The rectangle is fitted whole, on every side.
+    // The rectangle is fitted whole, on every side; one already inside stays.
     const QRect schermo(0, 0, 1366, 728);
     for (const QRect& r : {QRect(-500, -500, 800, 600), QRect(1200, 700, 800, 600),
                            QRect(100, 100, 3000, 2000), QRect(10, 10, 300, 200)}) {
         const QRect f = DentroArea(r, schermo);
-        EXPECT_TRUE(schermo.contains(f)) << f.x() << ' ' << f.y();
         EXPECT_EQ(f.size(), r.size().boundedTo(schermo.size()));
-        if (schermo.contains(r)) {
-            EXPECT_EQ(f, r);
-        }
+        EXPECT_TRUE(schermo.contains(f) && (f == r) == schermo.contains(r))
+            << f.x() << ' ' << f.y();
     }
 }
 

@@ -119,14 +119,8 @@ TEST_F(SchermiFiduciali, GrigliaColonneStampaEMonografia) {
     const int u = g.UnitaBase();
     const QList<int> quote{2 * u, u / 2, u / 2, 3 * u / 2, 3 * u / 2,
                            4 * u, u / 2, u,     4 * u,     2 * u};
-    QList<int> larghezze;
-    for (int c = 0; c < 10; ++c) {
-        larghezze << testata->sectionSize(c);
-        EXPECT_EQ(larghezze[c], std::max(quote[c], testata->sectionSizeHint(c))) << c;
-    }
-    // A code fits its column.
-    EXPECT_GT(larghezze[0], g.Tabella()->fontMetrics().horizontalAdvance("PF01/0100/A001"));
-    EXPECT_EQ(g.Tabella()->model()->index(2, 5).data().toString(), "CHIODO SU CORDOLO MARCIAPIEDE");
+    for (int c = 0; c < 10; ++c)
+        EXPECT_EQ(testata->sectionSize(c), std::max(quote[c], testata->sectionSizeHint(c))) << c;
 
     // The three first points, chosen from the third up.
     for (int r : {2, 0, 1})

@@ -1,6 +1,7 @@
 // The thinned picture of the screen: no name over another at any zoom, markers a few pixels
-// apart, no upright name turned, and where nothing would overlap the very picture of every
-// record. The overlap is judged by Qt's own metrics and polygon clipping, not by the plot's.
+// apart, no upright name turned, and on the demo extract a change only where names overlapped;
+// Zoom Tutto in windows of every shape. The overlap is judged by Qt's own metrics and polygon
+// clipping, not by the plot's.
 #include "Grafica.h"
 #include "TelaImmagine.h"
 #include "generatore.h"
@@ -25,6 +26,7 @@ struct Scritto {
     QPointF punto;
     QString testo, font;
     double altezza, angolo;
+    bool operator==(const Scritto&) const = default;
 };
 
 // The image Tela that also keeps what it was given to draw, in pixels.
@@ -91,21 +93,16 @@ double Area(const QPolygonF& p) {
 }
 
 // Pairs of texts whose cells share more than a pixel of area.
-int Sovrapposti(const QList<QPolygonF>& scatole) {
-    QList<qsizetype> ordine;
-    for (qsizetype i = 0; i < scatole.size(); ++i) ordine << i;
-    std::sort(ordine.begin(), ordine.end(), [&](qsizetype a, qsizetype b) {
-        return scatole[a].boundingRect().left() < scatole[b].boundingRect().left();
+int Sovrapposti(QList<QPolygonF> scatole) {
+    std::sort(scatole.begin(), scatole.end(), [](const QPolygonF& a, const QPolygonF& b) {
+        return a.boundingRect().left() < b.boundingRect().left();
     });
     int n = 0;
-    for (qsizetype i = 0; i < ordine.size(); ++i) {
-        const QPolygonF& a = scatole[ordine[i]];
-        for (qsizetype j = i + 1; j < ordine.size(); ++j) {
-            const QPolygonF& b = scatole[ordine[j]];
-            if (b.boundingRect().left() >= a.boundingRect().right()) break;
-            n += Area(a.intersected(b)) > 1;
-        }
-    }
+    for (qsizetype i = 0; i < scatole.size(); ++i)
+        for (qsizetype j = i + 1; j < scatole.size() && scatole[j].boundingRect().left() <
+                                                            scatole[i].boundingRect().right();
+             ++j)
+            n += Area(scatole[i].intersected(scatole[j])) > 1;
     return n;
 }
 
@@ -132,13 +129,14 @@ TEST(Diradamento, NessunNomeSuUnAltroATreZoom) {
         const Disegno d = Disegna(g, true);
         // Every text is one of the picture of every record, turned as there: upright names stay
         // upright, toponyms keep their angle.
+        auto chiave = [](const Scritto& s) {
+            return s.testo + QString::asprintf("@%.1f,%.1f", s.punto.x(), s.punto.y());
+        };
         QHash<QString, double> angoli;
-        for (const Scritto& s : ogni.scritti)
-            angoli.insert(s.testo + QString::asprintf("@%.1f,%.1f", s.punto.x(), s.punto.y()),
-                          s.angolo);
+        for (const Scritto& s : ogni.scritti) angoli.insert(chiave(s), s.angolo);
         QList<QPolygonF> scatole;
         for (const Scritto& s : d.scritti) {
-            const QString k = s.testo + QString::asprintf("@%.1f,%.1f", s.punto.x(), s.punto.y());
+            const QString k = chiave(s);
             ASSERT_TRUE(angoli.contains(k)) << zoom << ": " << k.toStdString();
             EXPECT_EQ(angoli.value(k), s.angolo) << zoom << ": " << k.toStdString();
             girati += s.angolo != 0;
@@ -176,14 +174,9 @@ TEST(Diradamento, LEstrattoDemoCambiaSoloDoveINomiSiCoprivano) {
     ASSERT_GT(tutti.scritti.size(), 0);
     // Each name left out covered a name that is kept; the pixels that differ lie where a name
     // or a marker was left out.
-    auto presente = [&](const Scritto& a) {
-        for (const Scritto& b : diradata.scritti)
-            if (b.punto == a.punto && b.testo == a.testo && b.angolo == a.angolo) return true;
-        return false;
-    };
     QList<QRectF> tolti;
     for (const Scritto& sc : tutti.scritti) {
-        if (presente(sc)) continue;
+        if (diradata.scritti.contains(sc)) continue;
         const QPolygonF s = Scatola(sc);
         bool copriva = false;
         for (const Scritto& b : diradata.scritti)

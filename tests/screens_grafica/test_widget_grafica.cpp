@@ -137,7 +137,6 @@ TEST_F(WidgetGrafica, IlMouseEtichetteCentroTrascinamentoEContorno) {
     Clic(w.get(), "Termina Contorno");
     EXPECT_TRUE(w->Modello().Modo.isEmpty());
     EXPECT_EQ(LeggiTesto(PercorsoContorno(s)).count("al punto"), 2);
-
 }
 
 TEST_F(WidgetGrafica, OriginaleOpzioniEPropostaSalvateAllaFine) {
@@ -331,18 +330,9 @@ TEST(DisegnoRiferimento, TabelleACasoSuTeleDiOgniMisura) {
         if (caso(0, 5) == 0) return strani[grande ? miti[caso(0, 3)] : caso(0, 9)];
         return std::uniform_real_distribution<double>(-500, 500)(rng);
     };
-    const QStringList nomi = {"1%",
-                              "22T",
-                              " 257",
-                              "PF01/0120/A001",
-                              "",
-                              "T",
-                              " ",
-                              "\u00e8%",
-                              "\u2603",
-                              "L",
-                              QString(300, u'9'),
-                              "D\u2019A\u20acT"};
+    QStringList nomi = {"1%", "22T", " 257",    "PF01/0120/A001", "",
+                        "T",  " ",   "\u00e8%", "\u2603",         "L"};
+    nomi << QString(300, u'9') << "D\u2019A\u20acT";
     CacheGlifi glifi;
     for (int giro = 0; giro < 200; ++giro) {
         VistaGrafica vista;
