@@ -1,5 +1,8 @@
 // Names typed by the operator made into one file's name.
+#include "errore.h"
+#include "file_testo.h"
 #include "nome_file.h"
+#include "supporto.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -7,6 +10,7 @@
 #include <gtest/gtest.h>
 
 using namespace tavolet;
+using tavolet::test::ConPregeo;
 
 TEST(NomiFile, UnNomeDigitatoRestaNellaSuaCartella) {
     // What Windows takes as one name of a folder, not hidden, and nothing else.
@@ -35,4 +39,18 @@ TEST(NomiFile, UnNomeDigitatoRestaNellaSuaCartella) {
     EXPECT_EQ(NomeFileSicuro("../../ESCAPE X"), "_._ESCAPE X");
     EXPECT_EQ(NomeFileSicuro("con.txt"), "_con.txt");
     EXPECT_EQ(NomeFileSicuro(""), "");
+}
+
+// The report of a missing file or folder names it, wherever the trap catches it.
+TEST_F(ConPregeo, UnFileMancanteENominato) {
+    radice.Scrivi("C:\\pregeo\\estratti\\ALTRO.EMP", "x");
+    ConTrappola(s, "Decozero_136", [&] { LeggiTesto("C:\\pregeo\\estratti\\MANCA.EMP"); });
+    ConTrappola(s, "Decozero_137", [&] { LeggiTesto("C:\\manca\\MANCA.EMP"); });
+    EXPECT_EQ(p.Messaggi(), QStringList({"Rilevato errore: Si è verificato questo errore : 53\r\n"
+                                         "Impossibile trovare il file: "
+                                         "C:\\pregeo\\estratti\\MANCA.EMP\r\n"
+                                         "Nella Routine Decozero_136",
+                                         "Rilevato errore: Si è verificato questo errore : 76\r\n"
+                                         "Impossibile trovare il percorso: C:\\manca\\MANCA.EMP\r\n"
+                                         "Nella Routine Decozero_137"}));
 }
