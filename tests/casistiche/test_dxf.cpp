@@ -80,8 +80,7 @@ TEST_F(Dxf, LayerRinominatiControEzdxf) {
         {"small_r13.dxf", {{"3USMM_PKG", "RC"}, {"FOOT_PRINT", "NC"}}},
         {"images.dxf", {{"context", "RC"}, {"image", "NC"}, {"title", "FABBRICATI"}}},
         {"usa.dxf", {{"BORDERS", "PARTICELLE"}}},
-        {"houses_of_parliament_georeferenced.dxf", {{"0", "RC"}}},
-        {"disegno_rc_nc.dxf", {}}};
+        {"houses_of_parliament_georeferenced.dxf", {{"0", "RC"}}}};
     QTemporaryDir dir;
     for (const auto& [nome, layer] : casi) {
         const QString percorso = dir.filePath(nome);

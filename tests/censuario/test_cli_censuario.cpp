@@ -48,9 +48,6 @@ TEST_F(CliCensuario, AreeDellaProposta) {
     const Esito e = Esegui({"censuario", "aree", PercorsoDati("censuario/proposta.txt")});
     EXPECT_EQ(e.codice, 0) << e.err.toStdString();
     EXPECT_EQ(e.out, Uscita("aree_attese.txt") + "--\n" + Uscita("modello_atteso.txt"));
-    const Esito h = Esegui({"--help"});
-    EXPECT_TRUE(h.out.contains("censuario aree PROPOSTA.TXT"));
-    EXPECT_TRUE(h.out.contains("particelle da-modello LIBRETTO CARTELLA"));
 }
 
 TEST_F(CliCensuario, FrazionamentoEStralcioDaSchema) {
