@@ -39,9 +39,12 @@ TEST_F(ConCensuario, CampiLunghiEMemoDiUnAltroModello) {
     EXPECT_EQ(altra[3], RigaTesta(kModelloStralcio, "004"));
     EXPECT_EQ(altra[1], RigaTesta(kModelloFrazionamento, "001"));
 
-    // The model of the libretto is replaced, once however often.
+    // Two nuove costruzioni in one memo; the model of the libretto is replaced, once however
+    // often.
     QStringList memo;
     AggiungiMemoNuovaCostruzione(memo, ModelloNuovaCostruzione(p35));
+    AggiungiMemoNuovaCostruzione(memo, ModelloNuovaCostruzione(p35));
+    EXPECT_EQ(Mid(memo[1], 9, 3), "006");
     Libretto();
     for (int volta = 0; volta < 2; ++volta) {
         ASSERT_TRUE(SostituisciCensuario(s, memo, "Decozero_106"));

@@ -94,6 +94,13 @@ TEST_F(Misurate, MisurateDa1PF) {
                                         "scaricarlo ora?"}));
 }
 
+// The choice and the deletion are clicked on their screen, which always answers yes.
+TEST_F(Misurate, EliminazioneRifiutata) {
+    p.risposte = {Risposta::No};
+    EXPECT_FALSE(EliminaDatabaseMisurate(s, "PD2015.DDD"));
+    EXPECT_TRUE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
+}
+
 TEST(RigaDdd, CampiEBrevi) {
     const MisuraDdd m =
         LeggiRigaDdd("PF01/0100/A001   PF02/0100/A001       383.512   0.030  2009  PD0012345");
