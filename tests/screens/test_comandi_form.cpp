@@ -120,9 +120,24 @@ TEST_F(ComandiForm, EditorConLaDomandaDiUscitaECtrlZ) {
     QTest::keyClick(form->Lista(), Qt::Key_Return);
     EXPECT_EQ(form->Lista()->item(2)->text(), "1|1|");
     // What the editor stored is one step of undo.
-    QApplication::setActiveWindow(form.get());
-    QTest::keyClick(form->Lista(), Qt::Key_Z, Qt::ControlModifier);
+    Tasto(Qt::Key_Z);
     EXPECT_EQ(Voci(form->Lista()), originali);
+
+    // A store that cannot write its file: "Si" keeps the editor open with the report, "No"
+    // closes it.
+    s.GestoriEditor[kEditorStampe] = {
+        [](tavolet::Stato&) { return QStringLiteral("modello"); },
+        [](tavolet::Stato&, const QString& t) { ScriviTesto("C:\\Non\\Esiste\\STAMPA.TXT", t); }};
+    bool apertoDopoSi = false;
+    SullEditor([&](BV_EditorGen* editor) {
+        p.risposte << Risposta::Si << Risposta::No;
+        editor->close();
+        apertoDopoSi = editor->isVisible();
+        editor->close();
+    });
+    BV_EditorGen::Esegui(s, kEditorStampe, form.get());
+    EXPECT_TRUE(apertoDopoSi);
+    EXPECT_TRUE(p.Messaggi().last().endsWith("Nella Routine BV_EditorGen_Salva"));
 }
 
 TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {

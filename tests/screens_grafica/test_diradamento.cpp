@@ -240,16 +240,15 @@ TEST(Diradamento, ZoomTuttoMostraIlDisegnoInteroInOgniFinestra) {
             };
             const auto [x0, x1] = estremi(colonne);
             const auto [y0, y1] = estremi(righe);
-            const std::string caso = std::to_string(img.width()) + "x" +
-                                     std::to_string(img.height()) + " " +
-                                     std::to_string(disegno.width());
-            ASSERT_GT(x1, x0) << caso;
+            SCOPED_TRACE(testing::Message()
+                         << img.width() << "x" << img.height() << " " << disegno.width());
+            ASSERT_GT(x1, x0);
             // Each side whole: its line runs from corner to corner, but where a corner's marker
             // sits.
-            EXPECT_GE(std::min(colonne[x0], colonne[x1]), (y1 - y0) * 8 / 10) << caso;
-            EXPECT_GE(std::min(righe[y0], righe[y1]), (x1 - x0) * 8 / 10) << caso;
-            EXPECT_NEAR(x0 + x1, img.width(), 3) << caso;
-            EXPECT_NEAR(y0 + y1, img.height(), 3) << caso;
+            EXPECT_GE(std::min(colonne[x0], colonne[x1]), (y1 - y0) * 8 / 10);
+            EXPECT_GE(std::min(righe[y0], righe[y1]), (x1 - x0) * 8 / 10);
+            EXPECT_NEAR(x0 + x1, img.width(), 3);
+            EXPECT_NEAR(y0 + y1, img.height(), 3);
         }
     }
 }
