@@ -70,3 +70,14 @@ TEST_F(Mouse, AggiungiPuntoAFileAccodaUnaRiga8) {
     EXPECT_TRUE(AggiungiPuntoAFile(s, g, 12.3456, -7));
     EXPECT_EQ(radice.Leggi(g.FileLibretto), "1|x|\r\n8|500|12.346|-7.000|\r\n");
 }
+
+// The contour's file as the CAD program reads it, the numbers as BASIC prints them.
+TEST_F(Mouse, IlContornoScriveIlFile) {
+    Punto("1", 1234.5, -20.25);
+    Punto("2", 10, 0);
+    g.Modo = "CONTORNOROSSO";
+    ClickSinistro(s, g, 1234, -20);
+    ClickSinistro(s, g, 11, 1);
+    EXPECT_EQ(LeggiByte(PercorsoContorno(s)), "al punto  X=1234.500  Y=-20.250  Z=   0\r\n"
+                                              "al punto  X=10.000  Y=.000  Z=   0\r\n");
+}
