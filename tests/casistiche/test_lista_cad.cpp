@@ -1,5 +1,6 @@
-// The provisional extract from the list of a CAD program (the list's rules, its limits and a
-// real list are read by the command line, the fuzz target and the case's screen).
+// The libretto and the provisional extract from the list of a CAD program: its rules compared
+// with tests/dati, the plot's extract of a real list, a long outline (the area limit is the case
+// screen's and the command line's).
 #include "casistiche.h"
 #include "supporto.h"
 
@@ -26,6 +27,37 @@ QString Vertice(double x, double y) {
 }
 
 } // namespace
+
+// The plot's extract of a real list (its .DAT and provisional extract are the command line's).
+TEST_F(ListaCad, ListaRealisticaNellEstrattoDelDisegno) {
+    radice.Scrivi("C:\\pregeo\\estratti\\particella_123.EMP",
+                  Dati("casistiche/particella_123.EMP"));
+    s.doc.NomeEstratto = "particella_123.EMP";
+    s.testata.MappaliLibretto = "123";
+    c.Codice = "08";
+    ASSERT_TRUE(Genera(QString::fromLatin1(Dati("casistiche/lista_cad.txt"))));
+    EXPECT_EQ(Temp("MODESTAENTITA.EMP"), Dati("casistiche/lista_cad_MODESTAENTITA.EMP"));
+}
+
+TEST_F(ListaCad, RegoleDellaLista) {
+    const QString testo =
+        // a vertex before any layer: no description and no layer
+        Vertice(5, 5) + CRLF +
+        // "RT" inside a word and LAYER anywhere: taken for the layer RT
+        "Oggetto CERTO sul LAYER corrente" + CRLF + Vertice(1, 1) + CRLF + Vertice(1, 1) + CRLF +
+        Vertice(2, 1) + CRLF + Vertice(2, 2) + CRLF +
+        // English listing, layer NC
+        "  LWPOLYLINE  Layer: NC" + CRLF +
+        "          at point  X=    3.0000  Y=    3.0000  Z=  "
+        " 0.0000" +
+        CRLF + "Locazione:  X=    4.0000  Y=    4.0000  Z=   0.0000" + CRLF +
+        // a vertex seen before, not adjacent: old number, own row
+        Vertice(1, 1) + CRLF;
+    ASSERT_TRUE(Genera(testo));
+    EXPECT_EQ(c.RigheSpezzate, DaWindows1252(Dati("casistiche/regole_lista.txt")));
+    // The porch is kept apart, its count marked as the rest.
+    EXPECT_EQ(c.RigheAParte, "7|3*|2*|3*|4*|RT|\r\n");
+}
 
 // An outline of eleven points on NC goes on in a row of count 0; the rings are counted.
 TEST_F(ListaCad, ContorniLunghiNellEstrattoProvvisorio) {
