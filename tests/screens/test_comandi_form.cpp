@@ -344,7 +344,7 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
 TEST(TraduzioniItaliane, DomandeConSiNoEAnnulla) {
     ASSERT_TRUE(InstallaTraduzioniItaliane());
     PiattaformaQt qt;
-    EXPECT_TRUE(qt.Adesso().isValid());
+    EXPECT_TRUE(static_cast<Piattaforma&>(qt).Adesso().isValid());
     // The real question box: its standard buttons in Italian, "S" answers yes, "N" no.
     QStringList visti;
     RispondiCon(Qt::Key_S, &visti);

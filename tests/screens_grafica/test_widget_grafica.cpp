@@ -381,19 +381,24 @@ TEST(DisegnoRiferimento, LImmagineDiretta) {
         ASSERT_TRUE(t.IniziaAlRovescio());
         t.Testo(1, 1, QStringLiteral("ca\u0300"), QStringLiteral("Courier New"), 11, 0, 0);
         EXPECT_FALSE(t.FinisciAlRovescio());
-        // Through the glyph cache: a ring of no finite size, a name of no glyph, one far off, one
-        // too large; then a mark, which only the painter sets.
+        // Through the glyph cache: a ring of no finite size, a name of no ink, one too long for a
+        // mask, one far off, one too large; then a mark, which only the painter sets.
         CacheGlifi cache;
         TelaImmagine c(im, 96, &cache);
+        c.Pulisci();
+        c.Scala(0, 0, 40, 20);
         const QString font = QStringLiteral("Courier New");
         ASSERT_TRUE(c.IniziaAlRovescio());
         c.Cerchio(1, 1, INFINITY, 0);
-        c.TestoNoto({7, 0}, 1, 1, QString(), font, 11, 0, 0);
+        c.TestoNoto({7, 0}, 1, 1, QStringLiteral(" "), font, 11, 0, 0);
+        c.TestoNoto({7, 4}, 1, 1, QString(300, u'9'), font, 200, 0, 0);
         c.TestoNoto({7, 1}, 1e300, 1, QStringLiteral("12%"), font, 11, 0, 0);
         c.TestoNoto({7, 2}, 1, 1, QStringLiteral("12%"), font, 5000, 0, 0);
         c.FinisciAlRovescio();
         ASSERT_TRUE(c.IniziaAlRovescio());
         c.TestoNoto({7, 3}, 1, 1, QStringLiteral("\u2603"), font, 11, 0, 0);
+        Tela::Coperture coperture; // given up, no map is worth making
+        EXPECT_FALSE(c.MappaCoperture(coperture));
         EXPECT_FALSE(c.FinisciAlRovescio());
     }
     // A tile of one colour that another colour then touches is in doubt again: black drawn
