@@ -86,6 +86,7 @@ struct SchedePunti {
     // Bits: a name starting with a blank and ending in "T" is a label and a toponym both.
     enum : quint8 { kNumerato = 0, kToponimo = 1, kEtichetta = 2 };
     std::vector<quint8> tipo;
+    std::vector<quint8> fiduciale; // 1: a name beginning "PF", placed before the other names
     struct Scheda {
         double x, y, dimensione, angolo;
         qint32 lunghezzaNome, lunghezzaTesto; // a text of more than 2^31 characters is not made
@@ -111,10 +112,12 @@ const SchedePunti& Schede(ModelloGrafica& g) {
         t->serieNomi = serie.fetch_add(2) + 2;
         t->serieTesti = t->serieNomi + 1;
         t->tipo.reserve(size_t(g.Punti.size()));
+        t->fiduciale.reserve(size_t(g.Punti.size()));
         t->schede.reserve(size_t(g.Punti.size()));
         for (const PuntoGrafica& p : g.Punti) {
             t->tipo.push_back(quint8((Toponimo(p.Nome) ? SchedePunti::kToponimo : 0) |
                                      (Etichetta(p.Nome) ? SchedePunti::kEtichetta : 0)));
+            t->fiduciale.push_back(p.Nome.startsWith(QLatin1String("PF")));
             t->schede.push_back({p.X, p.Y, p.Dimensione, p.Angolo,
                                  qint32(std::min<qsizetype>(p.Nome.size(), INT_MAX)),
                                  qint32(std::min<qsizetype>(p.Testo.size(), INT_MAX)), p.Colore});
@@ -319,8 +322,8 @@ void Scoperti(const GrigliaGrafica& q, const Tela::Coperture& mappa, double cx, 
 }
 
 // The names placed on a thinned picture, as turned rectangles in pixels, in square buckets: a
-// new name is placed only when it crosses none of them. Cells of kCella pixels wholly inside an
-// upright name placed are marked: a name whose corner falls inside such a cell crosses it, and
+// new name is placed only when it crosses none of them. The pixels wholly inside an upright name
+// placed are marked, a bit each: a name whose corner falls inside such a pixel crosses it, and
 // is refused without measuring it (on a whole sheet nearly all are).
 class PostiNomi {
 public:
@@ -328,18 +331,17 @@ public:
         : colonne_(std::clamp(int(larghezza / kLato) + 1, 1, 1024)),
           righe_(std::clamp(int(altezza / kLato) + 1, 1, 1024)),
           secchi_(size_t(colonne_) * size_t(righe_)),
-          celleX_(std::clamp(int(larghezza / kCella) + 1, 1, 8192)),
-          celleY_(std::clamp(int(altezza / kCella) + 1, 1, 8192)),
-          coperte_(size_t(celleX_) * size_t(celleY_)) {}
+          celleX_(std::clamp(int(larghezza) + 1, 1, 4096)),
+          celleY_(std::clamp(int(altezza) + 1, 1, 4096)), parole_((celleX_ + 63) / 64),
+          coperte_(size_t(parole_) * size_t(celleY_)) {}
 
     // True when a name whose upper left corner is (x, y) surely crosses one placed.
     bool Coperto(double x, double y) const {
-        if (!(x > 0 && y > 0 && x < celleX_ * kCella && y < celleY_ * kCella)) return false;
-        const double fx = x / kCella, fy = y / kCella;
-        const int i = int(fx), j = int(fy);
-        // On a cell's side the name may lie wholly outside it.
-        if (fx == i || fy == j) return false;
-        return coperte_[size_t(j) * size_t(celleX_) + size_t(i)];
+        if (!(x > 0 && y > 0 && x < celleX_ && y < celleY_)) return false;
+        const int i = int(x), j = int(y);
+        // On a pixel's side the name may lie wholly outside it.
+        if (x == i || y == j) return false;
+        return coperte_[size_t(j) * size_t(parole_) + size_t(i >> 6)] >> (i & 63) & 1;
     }
 
     // The text's box from its upper left corner (x, y), turned by angolo degrees
@@ -377,20 +379,25 @@ public:
             for (int i = c0; i <= c1; ++i)
                 secchi_[size_t(j) * size_t(colonne_) + size_t(i)].push_back(indice);
         if (dritto) {
-            // The cells wholly inside the box.
+            // The pixels wholly inside the box, a row of bits at a time.
             auto cella = [](double v, int n) { return int(std::clamp(v, 0.0, double(n))); };
-            const int i0 = cella(std::ceil(x0 / kCella), celleX_);
-            const int i1 = cella(std::floor(x1 / kCella), celleX_);
-            const int j0 = cella(std::ceil(y0 / kCella), celleY_);
-            const int j1 = cella(std::floor(y1 / kCella), celleY_);
-            for (int j = j0; j < j1; ++j)
-                for (int i = i0; i < i1; ++i) coperte_[size_t(j) * size_t(celleX_) + size_t(i)] = 1;
+            const int i0 = cella(std::ceil(x0), celleX_), i1 = cella(std::floor(x1), celleX_);
+            const int j0 = cella(std::ceil(y0), celleY_), j1 = cella(std::floor(y1), celleY_);
+            for (int j = j0; j < j1 && i0 < i1; ++j) {
+                quint64* riga = coperte_.data() + size_t(j) * size_t(parole_);
+                for (int p = i0 >> 6; p <= (i1 - 1) >> 6; ++p) {
+                    quint64 m = ~quint64(0);
+                    if (p == i0 >> 6) m &= ~quint64(0) << (i0 & 63);
+                    if (p == (i1 - 1) >> 6) m &= ~quint64(0) >> (63 - ((i1 - 1) & 63));
+                    riga[p] |= m;
+                }
+            }
         }
         return true;
     }
 
 private:
-    static constexpr double kLato = 32, kCella = 4;
+    static constexpr double kLato = 32;
     struct Rettangolo {
         std::array<std::array<double, 2>, 4> v;
         double x0, y0, x1, y1; // the upright box around it
@@ -428,8 +435,8 @@ private:
     int colonne_, righe_;
     std::vector<std::vector<int>> secchi_;
     std::vector<Rettangolo> presi_;
-    int celleX_, celleY_;
-    std::vector<quint8> coperte_;
+    int celleX_, celleY_, parole_;
+    std::vector<quint64> coperte_;
 };
 
 // The vertex markers placed on a thinned picture, in cells of kDistanza pixels over the canvas
@@ -633,7 +640,7 @@ void BV_RidisegnaGrafica(ModelloGrafica& g, Tela& tela, OpzioniDisegno opzioni) 
             for (const bool fiduciali : {true, false})
                 ogni([&](qsizetype i) {
                     if (tipo[size_t(i)] != SchedePunti::kNumerato) return;
-                    if (g.Punti[i].Nome.startsWith(QLatin1String("PF")) != fiduciali) return;
+                    if (bool(sp.fiduciale[size_t(i)]) != fiduciali) return;
                     prendi(i, schede[size_t(i)].lunghezzaNome, kNome);
                 });
         ogni([&](qsizetype i) {

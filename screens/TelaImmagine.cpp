@@ -21,7 +21,11 @@ constexpr int kPasso = 3, kLato = 1 << kPasso;
 
 // The nearest whole pixel, halves up; the values here are already within the canvas's reach.
 inline int Arrotonda(double v) {
-    return int(std::floor(v + 0.5));
+    const double t = v + 0.5;
+    if (!(std::abs(t) < 1e9)) return int(std::floor(t));
+    // A cut towards zero, one less where that went up: a floor without a call.
+    const int i = int(t);
+    return i - (double(i) > t);
 }
 
 // Text the glyphs cannot carry: controls, surrogates, marks and the scripts that join or turn.
@@ -917,7 +921,13 @@ std::pair<double, double> TelaImmagine::Ingombro(const QString& testo, const QSt
                                                  double altezzaPixel) {
     CacheGlifi::Faccia& f = FacciaDi(font, PixelDi(altezzaPixel));
     double w = 0;
-    for (const QChar c : testo) w += glifi_->GlifoDi(f, c.unicode()).avanzamento;
+    for (const QChar c : testo) {
+        // Most are glyphs already seen, of the first 256.
+        const char16_t u = c.unicode();
+        const CacheGlifi::Glifo& g =
+            u < 256 && f.latini[u].pronto ? f.latini[u] : glifi_->GlifoDi(f, u);
+        w += g.avanzamento;
+    }
     return {w, f.ascesa + f.discesa};
 }
 
