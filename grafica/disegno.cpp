@@ -28,6 +28,13 @@ double PortataTesto(double caratteri, double perAltezza, double mondoPerPixel) {
     return 2 * std::max(perAltezza, caratteri * 2 * mondoPerPixel);
 }
 
+// The floor of v, without the call for the values a canvas meets.
+inline double Giu(double v) {
+    if (!(std::abs(v) < 1e15)) return std::floor(v);
+    const double t = double(qint64(v));
+    return t > v ? t - 1 : t;
+}
+
 // The visible world rectangle around the centre, widened by a margin.
 struct Riquadro {
     double x0, y0, x1, y1;
@@ -403,10 +410,9 @@ private:
         double x0, y0, x1, y1; // the upright box around it
         bool dritto;
     };
-    int Colonna(double x) const {
-        return int(std::clamp(std::floor(x / kLato), 0.0, colonne_ - 1.0));
-    }
-    int Riga(double y) const { return int(std::clamp(std::floor(y / kLato), 0.0, righe_ - 1.0)); }
+    // Held to the buckets, then cut: the same as the floor held to them, without a call.
+    int Colonna(double x) const { return int(std::clamp(x / kLato, 0.0, colonne_ - 1.0)); }
+    int Riga(double y) const { return int(std::clamp(y / kLato, 0.0, righe_ - 1.0)); }
     // Two convex quadrilaterals cross unless a side of one separates them.
     static bool Separa(const Rettangolo& a, const Rettangolo& b) {
         for (int i = 0; i < 4; ++i) {
@@ -451,8 +457,7 @@ public:
           presi_(size_t(colonne_) * size_t(righe_)) {}
 
     bool Prendi(double x, double y) {
-        const double fx = std::floor(x / kDistanza) + margine_,
-                     fy = std::floor(y / kDistanza) + margine_;
+        const double fx = Giu(x / kDistanza) + margine_, fy = Giu(y / kDistanza) + margine_;
         // Off the cells is off the canvas by more than a marker: nothing to show.
         if (!(fx >= 0 && fy >= 0 && fx < colonne_ && fy < righe_)) return false;
         const int cx = int(fx), cy = int(fy);
