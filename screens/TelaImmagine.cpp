@@ -528,6 +528,23 @@ void TelaImmagine::Linea(double x1, double y1, double x2, double y2, int spessor
     // The minor axis in 16.16 fixed point, from the middle of the first pixel.
     const qint64 px = n ? (qint64(dx) << 16) / n : 0, py = n ? (qint64(dy) << 16) / n : 0;
     qint64 fx = (qint64(xa) << 16) + 0x8000, fy = (qint64(ya) << 16) + 0x8000;
+    if (rovescio_) {
+        // From the last: the steps never leave the box of the two ends, already on the image,
+        // and the colour's plane is looked up once, at the first pixel not yet taken.
+        quint64* piano = nullptr;
+        for (int i = 0; i <= n; ++i, fx += px, fy += py) {
+            if (stile == 1 && i % 6 >= 4) continue;
+            if (stile == 2 && i % 3 != 0) continue;
+            const int x = int(fx >> 16);
+            const size_t k = size_t(fy >> 16) * size_t(parole_) + size_t(x >> 6);
+            const quint64 bit = quint64(1) << (x & 63);
+            if (presi_[k] & bit) continue;
+            presi_[k] |= bit;
+            if (!piano) piano = Piano(c.indice);
+            piano[k] |= bit;
+        }
+        return;
+    }
     for (int i = 0; i <= n; ++i, fx += px, fy += py) {
         // Qt's patterns for a pen of one pixel: a dash of 4 and a gap of 2, a dot and a gap of 2.
         if (stile == 1 && i % 6 >= 4) continue;
