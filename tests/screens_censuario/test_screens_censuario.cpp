@@ -10,6 +10,7 @@
 #include "supporto.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -122,6 +123,8 @@ TEST_F(SchermiCensuario, FrazionaParticellaDallaProposta) {
     EXPECT_EQ(Voci(f.Anteprima()), Attese("frazionamento_341.txt"));
     EXPECT_EQ(f.Schema()->item(2, 2)->text(), "14995");
     Foto(&f, "BV_Fraziona");
+    // At its opening size the nine columns are in sight, SR/SN and the fixed area included.
+    EXPECT_LE(f.Schema()->horizontalHeader()->length(), f.Schema()->viewport()->width());
     // "r" in the area field marks the current row "SR" and turns into a blank.
     f.AreaProporzionale()->setFocus();
     QTest::keyClick(f.AreaProporzionale(), Qt::Key_R);
