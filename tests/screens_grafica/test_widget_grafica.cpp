@@ -545,6 +545,19 @@ TEST(Consumatori, GraficaDaRigaDiComando) {
     const QImage img(file("g.png"));
     ASSERT_EQ(img.size(), QSize(640, 400));
     EXPECT_GT(Scuri(img, img.rect(), 128), 300);
+    // Thinned as the window is; every name and marker with --tutti-i-nomi, as the check box.
+    const QString demo =
+        qEnvironmentVariable("TAVOLET_DEMO") + "/drive_c/pregeo/estratti/A001_00120.EMP";
+    auto disegna = [&](const QString& out, const QStringList& altro) {
+        return Esegui(QStringList{"grafica", "png", demo, file(out), "--larghezza", "480",
+                                  "--altezza", "300"} +
+                      altro)
+            .codice;
+    };
+    ASSERT_EQ(disegna("d.png", {}), 0);
+    ASSERT_EQ(disegna("t.png", {"--tutti-i-nomi"}), 0);
+    const QImage diradata(file("d.png")), tutta(file("t.png"));
+    EXPECT_GT(Scuri(tutta, tutta.rect(), 128), Scuri(diradata, diradata.rect(), 128) + 50);
 
     // Bad use and missing files.
     EXPECT_EQ(Esegui({"grafica", "dxf", in}).codice, 2);
