@@ -10,13 +10,19 @@ using CampiProva = ConfigurazioneProva;
 TEST_F(CampiProva, RegoleAllUscitaDaiCampiEQuotaDalleRigheOtto) {
     Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||",
               "8|1|100|300|", "8|2|50.4|100|", "8|PF01/0010/G224|0|9000|"});
+    radice.Scrivi(PercorsoFileTecnico(s, "BIANCHI LUCA"), "Nome=LUCA\r\n");
     FormConfigurazione f = ApriConfigurazione(s);
     // Six digits of date expanded at 80, the sheet padded, parcels in order without doubles,
     // the fields that always reset, the east from the rows 8 when blank.
-    const std::tuple<int, const char*, QString> casi[] = {
-        {0, "010295", "01021995"}, {3, "12a", "012A"},
-        {4, "12,3,12", "3,12"},    {9, "5", "10"},
-        {11, "", "200"},           {12, "X", kVersionePregeo}};
+    const std::tuple<int, const char*, QString> casi[] = {{0, "010295", "01021995"},
+                                                          {0, "", "15012026"},
+                                                          {3, "12a", "012A"},
+                                                          {4, "12,3,12", "3,12"},
+                                                          {9, "5", "10"},
+                                                          {10, "5", "20"},
+                                                          {11, "", "200"},
+                                                          {12, "X", kVersionePregeo},
+                                                          {13, " ", "FR"}};
     for (const auto& [campo, testo, atteso] : casi) {
         f.Campi[campo] = testo;
         EsciDalCampo(s, f, campo);

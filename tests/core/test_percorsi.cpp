@@ -1,8 +1,12 @@
 // Names typed by the operator made into one file's name.
+#include "ambiente.h"
+#include "annulla.h"
+#include "documento.h"
 #include "errore.h"
 #include "file_testo.h"
 #include "nome_file.h"
 #include "supporto.h"
+#include "testata.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -53,4 +57,34 @@ TEST_F(ConPregeo, UnFileMancanteENominato) {
                                          "Rilevato errore: Si è verificato questo errore : 76\r\n"
                                          "Impossibile trovare il percorso: C:\\manca\\MANCA.EMP\r\n"
                                          "Nella Routine Decozero_137"}));
+}
+
+// A file of another kind dropped on the rows, Pregeo's programs ended at the start, a snapshot
+// with rows selected given back, a technician known by one name only.
+TEST_F(ConPregeo, TrascinamentiProcessiIstantaneeETecnico) {
+    EXPECT_FALSE(TrascinaLibretto(s, "/tmp/x.dxf"));
+    EXPECT_FALSE(TrascinaLibretto(s, "/tmp/x.doc"));
+    p.processiAttivi = {"PREGEO.EXE", "notepad.exe"};
+    KillPregeo(s);
+    EXPECT_EQ(p.Messaggi(),
+              (QStringList{"Trascina Libretto: Processo non attivo!",
+                           "Trascina Libretto: Ammessi file di Testo: .TXT, .DAT, .LXB, .PDF",
+                           "Kill Pregeo: Il programma pregeo.exe è stato terminato!"}));
+    EXPECT_EQ(p.processiAttivi, QStringList{"notepad.exe"});
+
+    for (const char* r : {"0|a|", "9|b|", "1|c|"}) s.doc.RigheLibretto.Aggiungi(r);
+    s.doc.RigheLibretto.Seleziona(2, true);
+    s.doc.RigheLibretto.ImpostaCorrente(2);
+    const Istantanea i = FotografaDocumento(s);
+    s.doc.RigheLibretto.Svuota();
+    RipristinaDocumento(s, i);
+    EXPECT_EQ(s.doc.RigheLibretto.Righe(), QStringList({"0|a|", "9|b|", "1|c|"}));
+    EXPECT_EQ(s.doc.RigheLibretto.Selezionate(), QList<int>{2});
+    EXPECT_EQ(s.doc.RigheLibretto.Corrente(), 2);
+
+    // The technician's name then comes from the one field that holds both.
+    s.testata.Nome.clear();
+    AggiornaConfigurazionePregeo(s);
+    EXPECT_FALSE(s.testata.Nome.isEmpty());
+    EXPECT_EQ(s.testata.Cognome + " " + s.testata.Nome, s.testata.Tecnico);
 }

@@ -1,10 +1,12 @@
 // Joining extracts: the rings of both inputs read back whole, the join against its plain steps,
 // the rows of the result, the files.
+#include "autoallestito.h"
 #include "estratto.h"
 #include "generatore.h"
 #include "riferimento_unione.h"
 #include "unisci.h"
 
+#include "ambiente.h"
 #include "errore.h"
 #include "supporto.h"
 #include "testo.h"
@@ -188,6 +190,16 @@ TEST_F(UnioneSuFile, TemporaneoSommaEComune) {
     const Estratto e = EsplodiEstratto(s, "A001.EMP");
     EXPECT_EQ(e.Punti.size(), 5);
     EXPECT_EQ(e.ZERO[0], "0|AUTOALLESTITO|0|0|0|0|0|0|0|0|");
+    // The folder given without its last bar and no first extract: the first of the comune's
+    // is the base; a comune with none is the error report.
+    EXPECT_EQ(SommaComuneInCartella(s, "C:\\pregeo\\estratti", "A001", ""), "A001.EMP");
+    EXPECT_EQ(EsplodiEstratto(s, "A001.EMP").Punti.size(), 5);
+    EXPECT_EQ(SommaComuneInCartella(s, cartella, "Z999", ""), "");
+    EXPECT_TRUE(p.Messaggi().last().contains("Nessun estratto del comune Z999"));
+    // The province of a comune from Pregeo's table; none for one it does not hold.
+    CaricaComuni(s);
+    EXPECT_EQ(ProvinciaDiCompetenza(s, " G224 "), "PD");
+    EXPECT_EQ(ProvinciaDiCompetenza(s, "Z999"), "");
 
     // A missing second extract: the error report, and no temporary file left.
     const QString temp = PercorsoTempestratto(s);

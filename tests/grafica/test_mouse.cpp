@@ -42,6 +42,11 @@ TEST_F(Mouse, IPuntiCoincidentiSottoLUnoCentimetro) {
 TEST_F(Mouse, NuovoPuntoEPuntoMedioAncheInMinuscolo) {
     Punto("A", 0, 0);
     Punto("B", 10, 20);
+    // With no mode a click centres the view where it fell.
+    vista.CentroX = 1;
+    EXPECT_TRUE(ClickSinistro(s, g, 3, 4));
+    EXPECT_EQ(std::pair(vista.CentroX, vista.CentroY), std::pair(4.0, 4.0));
+    vista.CentroX = vista.CentroY = 0;
     g.Modo = "nuovopunto";
     g.NomeNuovo = "100";
     EXPECT_TRUE(ClickSinistro(s, g, 3, 4));
