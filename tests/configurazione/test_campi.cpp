@@ -11,6 +11,11 @@ TEST_F(CampiProva, RegoleAllUscitaDaiCampiEQuotaDalleRigheOtto) {
     Libretto({"0|15012026|1|G224|0012|1|ROSSI MARIO|GEOMETRA|PADOVA|", "9|0|10|20|0||FR||",
               "8|1|100|300|", "8|2|50.4|100|", "8|PF01/0010/G224|0|9000|"});
     radice.Scrivi(PercorsoFileTecnico(s, "BIANCHI LUCA"), "Nome=LUCA\r\n");
+    radice.Scrivi(PercorsoFileTecnico(s, "ZETA ANNA"), "Nome=ANNA\r\n");
+    const QStringList tecnici = ElencoFileTecnici(s);
+    ASSERT_GE(tecnici.size(), 2);
+    EXPECT_TRUE(tecnici.first().startsWith("BIANCHI", Qt::CaseInsensitive));
+    EXPECT_TRUE(tecnici.last().startsWith("ZETA", Qt::CaseInsensitive));
     FormConfigurazione f = ApriConfigurazione(s);
     // Six digits of date expanded at 80, the sheet padded, parcels in order without doubles,
     // the fields that always reset, the east from the rows 8 when blank.

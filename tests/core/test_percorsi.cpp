@@ -5,6 +5,7 @@
 #include "errore.h"
 #include "file_testo.h"
 #include "nome_file.h"
+#include "shell.h"
 #include "supporto.h"
 #include "testata.h"
 
@@ -50,13 +51,21 @@ TEST_F(ConPregeo, UnFileMancanteENominato) {
     radice.Scrivi("C:\\pregeo\\estratti\\ALTRO.EMP", "x");
     ConTrappola(s, "Decozero_136", [&] { LeggiTesto("C:\\pregeo\\estratti\\MANCA.EMP"); });
     ConTrappola(s, "Decozero_137", [&] { LeggiTesto("C:\\manca\\MANCA.EMP"); });
+    // A number beyond the doubles and a command line with no program, as the runtime names them.
+    ConTrappola(s, "Val", [&] { Val(QStringLiteral("1E400")); });
+    EXPECT_EQ(ShellInfinita(s, "   ", 1), -1);
     EXPECT_EQ(p.Messaggi(), QStringList({"Rilevato errore: Si è verificato questo errore : 53\r\n"
                                          "Impossibile trovare il file: "
                                          "C:\\pregeo\\estratti\\MANCA.EMP\r\n"
                                          "Nella Routine Decozero_136",
                                          "Rilevato errore: Si è verificato questo errore : 76\r\n"
                                          "Impossibile trovare il percorso: C:\\manca\\MANCA.EMP\r\n"
-                                         "Nella Routine Decozero_137"}));
+                                         "Nella Routine Decozero_137",
+                                         "Rilevato errore: Si è verificato questo errore : 6\r\n"
+                                         "Overflow\r\nNella Routine Val",
+                                         "Rilevato errore: Si è verificato questo errore : 5\r\n"
+                                         "Chiamata di routine o argomento non validi\r\n"
+                                         "Nella Routine 3105"}));
 }
 
 // A file of another kind dropped on the rows, Pregeo's programs ended at the start, a snapshot
